@@ -1,0 +1,62 @@
+// Every type of the library by name, for headers that need no more than the name.
+#pragma once
+
+#include <cstdint>
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// The integer of the whole interface: lines, columns, counts and indices.
+using Int = std::int64_t;
+
+// Platform
+class Character;
+class FileHandle;
+class FileSystem;
+class String;
+class StringBuilder;
+class Url;
+class Uuid;
+
+// Diagnostics
+struct Cursor;
+struct Range;
+class Message;
+class Logger;
+class VeltoError;
+
+// Value
+class Arguments;
+class Array;
+class Callable;
+class CountableClosedRange;
+class CountableRange;
+class Dictionary;
+class HostValue;
+class MetaType;
+class Object;
+class ReportError;
+class Value;
+
+// Scanner
+enum class TokenType : std::uint8_t;
+struct Token;
+class Scanner;
+class Unpacker;
+
+// Parser
+class Expression;
+class ExpressionVisitor;
+class Parser;
+class Statement;
+class StatementVisitor;
+
+// Interpreter, Library, Processor
+class Environment;
+class Function;
+class Interpreter;
+class Library;
+class ParseCache;
+class Processor;
+class Resolver;
+
+}  // namespace velto

@@ -1,0 +1,55 @@
+// One scope of variables at run time.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "Velto/Diagnostics/Logger.h"
+#include "Velto/Interpreter/Bindings.h"
+#include "Velto/Platform/Ref.h"
+#include "Velto/Scanner/Token.h"
+#include "Velto/Value/Value.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// Names and values, with a link to the scope around. A scope is kept alive by `Interpreter::stack` and by each function
+/// that was declared in it, and by nothing else: the link is weak, and reads as absent once the outer scope has died. The
+/// forms that take a token report their failures and throw `VeltoError`, step `interpret`.
+class Environment final : public WeaklyCounted {
+ public:
+  explicit Environment(std::shared_ptr<Logger> logger);
+  Environment(Environment* enclosing, std::shared_ptr<Logger> logger);
+  ~Environment() override;
+
+  const std::shared_ptr<Logger>& logger() const noexcept { return logger_; }
+  /// Null in the outermost scope and when the outer scope has died.
+  Environment* enclosing() const noexcept { return enclosing_.get(); }
+
+  /// The names of this scope. A name is defined if it stands here, whatever its value.
+  Bindings values;
+
+  void define(const String& name, Value value);
+  /// Refuses a name that this scope has already.
+  void define(const Token& name, Value value);
+  /// Writes the nearest scope that has the name.
+  void assign(const Token& name, Value value);
+  /// Writes the scope `depth` links outward, whether or not it has the name.
+  void assign(const Token& name, Value value, Int depth);
+  /// Reads the nearest scope that has the name.
+  Value get(const Token& name) const;
+  /// Reads the scope `depth` links outward, which must have the name.
+  Value get(const Token& name, Int depth) const;
+  /// The same walk as with a token; nothing if no scope has the name.
+  std::optional<Value> get(const String& name) const;
+
+ private:
+  void clear() noexcept override;
+  const Environment& ancestor(Int depth) const;
+  const Value* find(const String& name) const noexcept;
+  [[noreturn]] void failUndefined(const Token& name) const;
+
+  std::shared_ptr<Logger> logger_;
+  WeakRef<Environment> enclosing_;
+};
+
+}  // namespace velto

@@ -1,0 +1,33 @@
+// A function that a program declares.
+#pragma once
+
+#include <vector>
+
+#include "Velto/Interpreter/Environment.h"
+#include "Velto/Parser/Statement.h"
+#include "Velto/Value/Callable.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+class Function final : public Callable {
+ public:
+  Function(FunctionDeclaration declaration, Ref<Environment> closure);
+
+  const FunctionDeclaration& declaration() const noexcept { return declaration_; }
+  /// The scope in which the declaration ran.
+  const Ref<Environment>& closure() const noexcept { return closure_; }
+
+  String name() const override { return declaration_.name.lexeme; }
+  std::span<const Label> labels() const noexcept override { return labels_; }
+  Value call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const override;
+
+  /// "func add(a:b)"
+  String description() const;
+
+ private:
+  FunctionDeclaration declaration_;
+  Labels labels_;
+  Ref<Environment> closure_;
+};
+
+}  // namespace velto

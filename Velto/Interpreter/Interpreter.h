@@ -1,0 +1,157 @@
+// The tree walker.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "Velto/Diagnostics/Logger.h"
+#include "Velto/Interpreter/Environment.h"
+#include "Velto/Library/Library.h"
+#include "Velto/Parser/Statement.h"
+#include "Velto/Platform/FileSystem.h"
+#include "Velto/Platform/StackGuard.h"
+#include "Velto/Processor/ParseCache.h"
+#include "Velto/Value/Callable.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// Runs statements. Everything that lives for a run hangs from its interpreter, which belongs to one thread. A failure is
+/// reported to the logger and ends the innermost list that `interpret` runs; `break`, `continue` and `return` are tokens
+/// that travel outward until a loop, a call or `interpret` takes them.
+class Interpreter final : public StatementVisitor, public ExpressionVisitor {
+ public:
+  /// Output of template text and expression blocks.
+  using Print = std::function<void(const String&)>;
+
+  /// Loads the built-in libraries. Without a `baseURL`, paths are taken as they stand.
+  explicit Interpreter(std::optional<Url> baseURL = std::nullopt,
+                       std::shared_ptr<Logger> logger = std::make_shared<ArrayLogger>(),
+                       std::shared_ptr<FileSystem> fileSystem = FileSystem::local());
+  ~Interpreter() override;
+  Interpreter(const Interpreter&) = delete;
+  Interpreter& operator=(const Interpreter&) = delete;
+
+  const std::optional<Url>& baseURL() const noexcept { return baseURL_; }
+  const std::shared_ptr<Logger>& logger() const noexcept { return logger_; }
+  const std::shared_ptr<FileSystem>& fileSystem() const noexcept { return fileSystem_; }
+  ParseCache& parseCache() noexcept { return parseCache_; }
+  /// The outermost scope: host globals, library functions and the program's top-level names.
+  Environment& globals() noexcept { return *globals_; }
+  /// Every library loaded so far, in load order.
+  const std::vector<std::shared_ptr<Library>>& libraries() const noexcept { return libraries_; }
+  /// The current scopes; the last one is the current one, the first one `globals`.
+  const std::vector<Ref<Environment>>& stack() const noexcept { return stack_; }
+
+  /// Writes to standard output at first.
+  Print print;
+  /// True as soon as any failure was seen; never cleared here.
+  bool hadError = false;
+  /// For a resolved expression: how many links lie between the current scope and that of its variable. Written by
+  /// `Resolver`.
+  std::unordered_map<Uuid, Int> locals;
+
+  void load(std::shared_ptr<Library> library);
+  /// Pushes `environment`, or a new scope inside the current one.
+  Environment& pushEnvironment(Ref<Environment> environment = nullptr);
+  /// Popping `globals` is a fatal stop.
+  void popEnvironment();
+  /// Runs a top-level list; throws nothing but what isn't the language's, such as `std::bad_alloc`.
+  void interpret(const Statements& statements);
+
+  /// Where a path of the language lies: under `baseURL` if there is one.
+  Url resolve(const String& path) const;
+
+  void visitBreak(const Break& node) override;
+  void visitCase(const Case& node) override;
+  void visitContinue(const Continue& node) override;
+  void visitExpressionBlock(const ExpressionBlock& node) override;
+  void visitExpressionStatement(const ExpressionStatement& node) override;
+  void visitFor(const For& node) override;
+  void visitFunctionDeclaration(const FunctionDeclaration& node) override;
+  void visitIf(const If& node) override;
+  void visitInclude(const Include& node) override;
+  void visitReturn(const Return& node) override;
+  void visitSwitch(const Switch& node) override;
+  void visitVariableDeclaration(const VariableDeclaration& node) override;
+  void visitVerbatim(const Verbatim& node) override;
+  void visitWhile(const While& node) override;
+
+  void visitArrayLiteral(const ArrayLiteral& node) override;
+  void visitAssignment(const Assignment& node) override;
+  void visitBinary(const Binary& node) override;
+  void visitCall(const Call& node) override;
+  void visitDictionaryLiteral(const DictionaryLiteral& node) override;
+  void visitGrouping(const Grouping& node) override;
+  void visitLiteral(const Literal& node) override;
+  void visitLogical(const Logical& node) override;
+  void visitMember(const Member& node) override;
+  void visitTuple(const Tuple& node) override;
+  void visitTypeCheck(const TypeCheck& node) override;
+  void visitStringExpression(const StringExpression& node) override;
+  void visitSubscript(const Subscript& node) override;
+  void visitUnary(const Unary& node) override;
+  void visitVariable(const Variable& node) override;
+
+ private:
+  friend class Function;
+  class ScopeGuard;
+
+  // Interpreter.cpp: the frame
+  Value evaluate(const Expression& expression);
+  void finish(Value result) { lastResult_ = std::move(result); }
+  void executeBlock(const Statements& statements);
+  void executeBlock(const Statements& statements, Ref<Environment> environment);
+  bool isLeaving() const noexcept { return breakToken_ || continueToken_ || returnToken_; }
+  void reportStrayTokens();
+  void reportStray(std::optional<Token>& token, std::string_view message);
+  Environment& current() noexcept { return *stack_.back(); }
+  [[noreturn]] void fail(const Range& range, String message);
+
+  // InterpreterOperators.cpp: operators, literals, variables and assignment
+  bool areEqualForOperator(const Value& left, const Value& right, const Range& range);
+  bool areEqual(const Value& left, const Value& right, const Range& range);
+  bool callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range);
+  Value arithmetic(const Token& operator_, double left, double right);
+  bool evaluateOperand(const Expression& operand, const Token& operator_);
+  Value lookUpVariable(const Token& name, const Uuid& id);
+  Value evaluateKey(const Expression& key, const Range& range);
+
+  // InterpreterMembers.cpp: members and subscripts
+  void visitArraySubscript(const Subscript& node, const Array& array);
+  void visitDictionarySubscript(const Subscript& node, const Dictionary& dictionary);
+  void visitStringSubscript(const Subscript& node, const String& string);
+
+  // InterpreterCalls.cpp: calls and function declarations
+  std::vector<Value> evaluateArguments(const Call& node, const Callable& callable);
+  void checkLabel(const Label& expected, const Call::Argument& argument);
+
+  // InterpreterBranches.cpp: branches, loops and includes
+  bool evaluateCondition(const Expression& condition);
+  bool executeBranch(const IfBranch& branch);
+  bool executeLoopBody(const Statements& body);
+  void iterate(const For& node, const Value& sequence);
+  void iterateIntegers(const For& node, Int lower, Int upper);
+  bool matches(const Value& value, const Pattern& pattern);
+
+  std::optional<Url> baseURL_;
+  std::shared_ptr<Logger> logger_;
+  std::shared_ptr<FileSystem> fileSystem_;
+  ParseCache parseCache_;
+  Ref<Environment> globals_;
+  std::vector<Ref<Environment>> stack_;
+  std::optional<Value> lastResult_;  // of the expression visit that has just ended
+  std::optional<Token> breakToken_;
+  std::optional<Token> continueToken_;
+  std::optional<Token> returnToken_;
+  Value returnValue_;  // of the `return` that is travelling, `nil` at all other times
+  std::vector<std::shared_ptr<Library>> libraries_;
+  std::vector<WeakRef<Environment>> survivors_;  // popped, but kept alive by functions
+  Int depth_ = 0;                                // of nested `interpret`
+  StackGuard guard_;
+};
+
+}  // namespace velto

@@ -1,0 +1,208 @@
+// The statement trees: 14 kinds of plain records behind one small handle, and their parts.
+#pragma once
+
+#include <concepts>
+#include <optional>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "Velto/Parser/Expression.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// Any statement record, shared and immutable.
+class Statement {
+ public:
+  template <typename Record>
+    requires(!std::same_as<std::remove_cvref_t<Record>, Statement>)
+  Statement(Record record) : node_(makeRef<const Box<Record>>(std::move(record))) {}
+
+  Range range() const { return node_->range(); }
+  /// Calls the operation of the visitor that belongs to the kind.
+  void accept(StatementVisitor& visitor) const { node_->accept(visitor); }
+
+  /// The record if it is of this kind, otherwise null.
+  template <typename Record>
+  const Record* as() const noexcept {
+    const auto* box = dynamic_cast<const Box<Record>*>(node_.get());
+    return box ? &box->record : nullptr;
+  }
+
+ private:
+  struct Node : Counted {
+    virtual Range range() const = 0;
+    virtual void accept(StatementVisitor& visitor) const = 0;
+  };
+
+  template <typename Record>
+  struct Box final : Node {
+    explicit Box(Record record) : record(std::move(record)) {}
+    Range range() const override {
+      if constexpr (requires { record.range(); }) {
+        return record.range();
+      } else {
+        return record.range;
+      }
+    }
+    void accept(StatementVisitor& visitor) const override { record.accept(visitor); }
+
+    const Record record;
+  };
+
+  Ref<const Node> node_;
+};
+
+using Statements = std::vector<Statement>;
+
+/// What the subject of a `switch` is matched against: a value, or the name of a type from `case is Name:`.
+using Pattern = std::variant<Expression, Token>;
+
+struct IfBranch {
+  std::optional<Expression> condition;  ///< absent exactly in an `else`
+  Statements statements;
+};
+
+struct FunctionParameter {
+  Token label;  ///< an identifier, or the `underscore` of a parameter without a label
+  Token name;   ///< what binds in the body
+};
+
+struct Break {
+  Token token;
+
+  Range range() const { return token.range; }
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct Case {
+  Range range;  ///< from the keyword to the colon
+  Pattern pattern;
+  Statements body;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct Continue {
+  Token token;
+
+  Range range() const { return token.range; }
+  void accept(StatementVisitor& visitor) const;
+};
+
+/// `<%= a %>`
+struct ExpressionBlock {
+  Range range;
+  Expression expression;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct ExpressionStatement {
+  Expression expression;
+
+  Range range() const { return expression.range(); }
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct For {
+  Range range;
+  Tuple tuple;
+  Expression sequence;
+  Statements body;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct FunctionDeclaration {
+  Range range;  ///< from the name, not the keyword, to the `end`
+  Token name;
+  std::vector<FunctionParameter> parameters;
+  Statements body;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct If {
+  If(Range range, Expression condition, Statements thenBranch)
+      : range(std::move(range)), mainBranch{std::move(condition), std::move(thenBranch)} {}
+
+  Range range;  ///< ends with the main branch, whatever follows
+  IfBranch mainBranch;
+  std::vector<IfBranch> elseIfBranches;
+  std::optional<IfBranch> elseBranch;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct Include {
+  Token include;
+  Expression file;
+
+  Range range() const { return spanning(include.range, file.range()); }
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct Return {
+  Range range;
+  Token keyword;
+  std::optional<Expression> value = std::nullopt;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct Switch {
+  Range range;
+  Expression expr;
+  std::vector<Case> cases;
+  Statements defaultBody;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct VariableDeclaration {
+  Range range;
+  Token name;
+  std::optional<Expression> initializer = std::nullopt;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+/// Template text.
+struct Verbatim {
+  Range range;
+  String text;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+struct While {
+  Range range;
+  Expression condition;
+  Statements body;
+
+  void accept(StatementVisitor& visitor) const;
+};
+
+/// One operation for each kind. It may throw; a walker that needs a result keeps it elsewhere.
+class StatementVisitor {
+ public:
+  virtual ~StatementVisitor() = default;
+
+  virtual void visitBreak(const Break& node) = 0;
+  virtual void visitCase(const Case& node) = 0;
+  virtual void visitContinue(const Continue& node) = 0;
+  virtual void visitExpressionBlock(const ExpressionBlock& node) = 0;
+  virtual void visitExpressionStatement(const ExpressionStatement& node) = 0;
+  virtual void visitFor(const For& node) = 0;
+  virtual void visitFunctionDeclaration(const FunctionDeclaration& node) = 0;
+  virtual void visitIf(const If& node) = 0;
+  virtual void visitInclude(const Include& node) = 0;
+  virtual void visitReturn(const Return& node) = 0;
+  virtual void visitSwitch(const Switch& node) = 0;
+  virtual void visitVariableDeclaration(const VariableDeclaration& node) = 0;
+  virtual void visitVerbatim(const Verbatim& node) = 0;
+  virtual void visitWhile(const While& node) = 0;
+};
+
+}  // namespace velto

@@ -1,0 +1,16 @@
+// Randomness from the system.
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include "Velto/Forward.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+void fillRandom(std::span<std::byte> bytes);
+
+/// Eight bytes from the system's random source.
+Int random();
+
+}  // namespace velto

@@ -1,0 +1,166 @@
+// Shared ownership by a count inside the object, and the weak reference that goes with it.
+#pragma once
+
+#include <atomic>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+#if __has_include(<sys/single_threaded.h>)
+#include <sys/single_threaded.h>
+#endif
+
+#include "Velto/Forward.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// A count of holders. A locked instruction is needed only once the process has had a second thread.
+class HolderCount {
+ public:
+  explicit HolderCount(std::uint32_t initial) noexcept : count_(initial) {}
+
+  void increment() noexcept {
+    if (isSingleThreaded()) {
+      count_.store(count_.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+    } else {
+      count_.fetch_add(1, std::memory_order_relaxed);
+    }
+  }
+
+  /// True when the last holder has gone.
+  bool decrement() noexcept {
+    if (isSingleThreaded()) {
+      const std::uint32_t left = count_.load(std::memory_order_relaxed) - 1;
+      count_.store(left, std::memory_order_relaxed);
+      return left == 0;
+    }
+    return count_.fetch_sub(1, std::memory_order_acq_rel) == 1;
+  }
+
+  std::uint32_t get() const noexcept { return count_.load(std::memory_order_relaxed); }
+
+ private:
+  static bool isSingleThreaded() noexcept {
+#if __has_include(<sys/single_threaded.h>)
+    return __libc_single_threaded != 0;
+#else
+    return false;
+#endif
+  }
+
+  std::atomic<std::uint32_t> count_;
+};
+
+/// Base of what `Ref` holds. A copy of a counted object is a new object without holders.
+class Counted {
+ public:
+  Counted() noexcept = default;
+  Counted(const Counted&) noexcept {}
+  Counted& operator=(const Counted&) noexcept { return *this; }
+  virtual ~Counted() = default;
+
+  void retain() const noexcept { holders_.increment(); }
+  void release() const noexcept {
+    if (holders_.decrement()) dispose();
+  }
+  std::uint32_t holderCount() const noexcept { return holders_.get(); }
+
+ private:
+  /// Runs when the last holder has gone.
+  virtual void dispose() const noexcept { delete this; }
+
+  mutable HolderCount holders_{0};
+};
+
+/// A shared owner of a `Counted` object, one pointer in size; may be empty.
+template <typename T>
+class Ref {
+ public:
+  constexpr Ref() noexcept = default;
+  constexpr Ref(std::nullptr_t) noexcept {}
+  explicit Ref(T* pointer) noexcept : pointer_(pointer) {
+    if (pointer_) pointer_->retain();
+  }
+  Ref(const Ref& other) noexcept : Ref(other.pointer_) {}
+  Ref(Ref&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
+  template <typename U>
+    requires std::convertible_to<U*, T*>
+  Ref(Ref<U> other) noexcept : pointer_(other.detach()) {}
+  Ref& operator=(Ref other) noexcept {
+    std::swap(pointer_, other.pointer_);
+    return *this;
+  }
+  ~Ref() {
+    if (pointer_) pointer_->release();
+  }
+
+  T* get() const noexcept { return pointer_; }
+  T& operator*() const noexcept { return *pointer_; }
+  T* operator->() const noexcept { return pointer_; }
+  explicit operator bool() const noexcept { return pointer_ != nullptr; }
+
+  /// Gives the hold to the caller, who must `release` it.
+  T* detach() noexcept { return std::exchange(pointer_, nullptr); }
+
+  friend bool operator==(const Ref& left, const Ref& right) noexcept { return left.pointer_ == right.pointer_; }
+  friend bool operator==(const Ref& left, std::nullptr_t) noexcept { return left.pointer_ == nullptr; }
+
+ private:
+  T* pointer_ = nullptr;
+};
+
+template <typename T, typename... Parameters>
+Ref<T> makeRef(Parameters&&... parameters) {
+  return Ref<T>(new T(std::forward<Parameters>(parameters)...));
+}
+
+/// Base of what `WeakRef` can look at. When the last `Ref` goes, `clear` lets go of the contents; the memory stays until
+/// the last `WeakRef` has gone, so that a dead object can be told from a live one.
+class WeaklyCounted : public Counted {
+ public:
+  bool isAlive() const noexcept { return holderCount() > 0; }
+  bool isObserved() const noexcept { return observers_.get() > 1; }
+
+  void observe() const noexcept { observers_.increment(); }
+  void unobserve() const noexcept {
+    if (observers_.decrement()) delete this;
+  }
+
+ protected:
+  virtual void clear() noexcept = 0;
+
+ private:
+  void dispose() const noexcept final {
+    const_cast<WeaklyCounted*>(this)->clear();
+    unobserve();
+  }
+
+  mutable HolderCount observers_{1};  // all `Ref`s together count as one observer
+};
+
+/// Looks at a `WeaklyCounted` object without keeping it alive; reads as null once it is dead.
+template <typename T>
+class WeakRef {
+ public:
+  constexpr WeakRef() noexcept = default;
+  explicit WeakRef(T* pointer) noexcept : pointer_(pointer) {
+    if (pointer_) pointer_->observe();
+  }
+  WeakRef(const WeakRef& other) noexcept : WeakRef(other.pointer_) {}
+  WeakRef(WeakRef&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
+  WeakRef& operator=(WeakRef other) noexcept {
+    std::swap(pointer_, other.pointer_);
+    return *this;
+  }
+  ~WeakRef() {
+    if (pointer_) pointer_->unobserve();
+  }
+
+  T* get() const noexcept { return pointer_ && pointer_->isAlive() ? pointer_ : nullptr; }
+
+ private:
+  T* pointer_ = nullptr;
+};
+
+}  // namespace velto

@@ -1,0 +1,98 @@
+// The one text type of the library.
+#pragma once
+
+#include <atomic>
+#include <compare>
+#include <cstddef>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "Velto/Forward.h"
+#include "Velto/Platform/Ref.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// Immutable, shared, well-formed UTF-8; a copy is a count, never bytes, and so is a slice. Equality, order and hash go
+/// by canonical equivalence: an accented letter equals its decomposed form.
+class String {
+  friend class StringBuilder;
+
+  /// The bytes stand behind the object, or within those of the text that this is a slice of.
+  struct Storage final : Counted {
+    static Ref<const Storage> copying(std::string_view text);
+    Storage(const char* text, std::size_t size, bool isASCII, Ref<const Storage> whole) noexcept;
+    static void operator delete(void* memory) { ::operator delete(memory); }
+
+    const char* text;
+    std::size_t size;
+    bool isASCII;
+    mutable std::atomic<std::size_t> hash = 0;  // 0 until it is asked for
+    Ref<const Storage> whole;
+  };
+
+ public:
+  String() noexcept = default;
+  /// Ill-formed sequences become U+FFFD.
+  String(std::string_view text);
+  String(const char* text) : String(std::string_view(text)) {}
+  String(const std::string& text) : String(std::string_view(text)) {}
+
+  /// Takes `text` unchecked; it must be well-formed.
+  static String fromWellFormed(std::string_view text);
+  static String concatenation(std::initializer_list<std::string_view> pieces);
+  static bool isWellFormed(std::string_view text) noexcept;
+
+  std::string_view view() const noexcept {
+    return storage_ ? std::string_view(storage_->text, storage_->size) : std::string_view();
+  }
+  operator std::string_view() const noexcept { return view(); }
+  std::size_t size() const noexcept { return view().size(); }  ///< in bytes
+  bool isEmpty() const noexcept { return size() == 0; }
+  bool isASCII() const noexcept { return !storage_ || storage_->isASCII; }
+
+  /// The bytes from `offset` on, `length` of them, sharing the storage; both ends must be scalar boundaries.
+  String slice(std::size_t offset, std::size_t length) const;
+
+  Int characterCount() const noexcept;
+  Int utf16Length() const noexcept;
+  std::size_t hash() const noexcept;
+
+  /// True when both are the same bytes in memory, so that a comparison of the texts isn't needed.
+  bool isSameAs(const String& other) const noexcept { return storage_ == other.storage_; }
+
+  friend bool operator==(const String& left, const String& right) noexcept;
+  friend std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
+
+ private:
+  explicit String(Ref<const Storage> storage) noexcept : storage_(std::move(storage)) {}
+
+  Ref<const Storage> storage_;  // empty for the empty text
+};
+
+/// Collects pieces of well-formed text.
+class StringBuilder {
+ public:
+  StringBuilder& append(std::string_view piece) {
+    text_.append(piece);
+    return *this;
+  }
+  StringBuilder& appendScalar(char32_t scalar);
+  void reserve(std::size_t bytes) { text_.reserve(bytes); }
+  std::string_view view() const noexcept { return text_; }
+  String build() const { return String::fromWellFormed(text_); }
+
+ private:
+  std::string text_;
+};
+
+/// "12", "-3": decimal, without grouping.
+String decimal(Int number);
+
+}  // namespace velto
+
+template <>
+struct std::hash<velto::String> {
+  std::size_t operator()(const velto::String& text) const noexcept { return text.hash(); }
+};

@@ -1,0 +1,34 @@
+// Random identities.
+#pragma once
+
+#include <array>
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+#include "Velto/Platform/String.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// A random (version 4) UUID: each construction draws a fresh one, a copy keeps it.
+class Uuid {
+ public:
+  Uuid();
+
+  /// 36 characters: upper-case hexadecimal in groups of 8, 4, 4, 4 and 12, joined by hyphens.
+  String description() const;
+  std::size_t hash() const noexcept { return static_cast<std::size_t>(halves_[0]); }
+
+  friend bool operator==(const Uuid&, const Uuid&) noexcept = default;
+
+ private:
+  std::array<std::uint64_t, 2> halves_;
+};
+
+}  // namespace velto
+
+template <>
+struct std::hash<velto::Uuid> {
+  std::size_t operator()(const velto::Uuid& id) const noexcept { return id.hash(); }
+};

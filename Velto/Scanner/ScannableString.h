@@ -1,0 +1,42 @@
+// The cursor over source text, which keeps the line and the column.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "Velto/Platform/Character.h"
+#include "Velto/Platform/String.h"
+#include "Velto/Scanner/Scannable.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+class ScannableString : public Scannable<ScannableString, Character> {
+ public:
+  explicit ScannableString(String string) noexcept : string(std::move(string)) {}
+
+  String string;
+  std::size_t index = 0;  ///< offset in bytes, always a boundary between characters
+  Int line = 1;
+  Int column = 1;
+
+  using Scannable::match;
+  using Scannable::peekMatch;
+
+  bool isAtEnd() const noexcept { return index >= string.size(); }
+  std::optional<Character> current() const noexcept;
+  /// The character behind the current one. At the end it is a fatal stop.
+  std::optional<Character> next() const;
+  /// The character before the cursor. At the start it is a fatal stop.
+  std::optional<Character> previous() const;
+  /// From the cursor to the end.
+  String substring() const { return string.slice(index, string.size() - index); }
+
+  /// Moves over one character and gives it; "\n" starts a new line. At the end it is a fatal stop.
+  Character advance();
+
+  /// Moves over `text` if the rest begins with its characters. The line stays, whatever `text` holds.
+  bool matchString(std::string_view text);
+  bool peekMatchString(std::string_view text) const noexcept;
+};
+
+}  // namespace velto

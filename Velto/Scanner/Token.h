@@ -1,0 +1,44 @@
+// What the scanner gives the rest of the system.
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+
+#include "Velto/Diagnostics/Range.h"
+#include "Velto/Value/Value.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+enum class TokenType : std::uint8_t {
+#define TOKEN(case, name, lexeme, isKeyword) case,
+#include "Velto/Scanner/TokenType.def"
+#undef TOKEN
+};
+
+/// The name of the case as users see it: "identifier", "break".
+std::string_view name(TokenType type) noexcept;
+
+/// The reserved words, each with its type.
+const std::unordered_map<String, TokenType>& keywords();
+
+/// One lexical unit.
+struct Token {
+  TokenType type;
+  /// The source text from where the scanning step of this token began: a token that is added later in the same step than
+  /// another one shares its beginning.
+  String lexeme;
+  /// What a number or string token stands for, absent for all others.
+  std::optional<Value> literal;
+  Range range;
+
+  Token(TokenType type, String lexeme, std::optional<Value> literal, Range range) noexcept
+      : type(type), lexeme(std::move(lexeme)), literal(std::move(literal)), range(std::move(range)) {}
+  Token(TokenType type, String lexeme, Range range) noexcept
+      : Token(type, std::move(lexeme), std::nullopt, std::move(range)) {}
+
+  /// The name of the type, a blank and the lexeme.
+  String description() const;
+};
+
+}  // namespace velto

@@ -1,0 +1,72 @@
+// Dictionaries: of values, and of anything else that a host holds.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "Velto/Value/HostValue.h"
+#include "Velto/Value/Object.h"
+#include "Velto/Value/Value.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// What the members of dictionaries need of a dictionary, whatever its entries are.
+class Mapping : public Object {
+ public:
+  virtual std::size_t size() const noexcept = 0;
+  /// The entry in the host's debug form: "key: value".
+  virtual String printed(std::size_t index) const = 0;
+
+  std::optional<Value> get(const String& name) const final;
+  String objectDescription() const final;
+  String typeName() const final { return "Dictionary"; }
+};
+
+/// A dictionary of values that keeps the order of insertion, filled once and const ever after.
+class Dictionary final : public Mapping {
+ public:
+  struct Entry {
+    Value key;
+    Value value;
+  };
+
+  /// Stores `value` under `key`. Where an equal key stands, that key and its place stay, and the value is replaced.
+  void set(Value key, Value value);
+  void reserve(std::size_t count);
+  /// Null if there is no such key.
+  const Value* find(const Value& key) const;
+
+  std::span<const Entry> entries() const noexcept { return entries_; }
+
+  std::size_t size() const noexcept override { return entries_.size(); }
+  String printed(std::size_t index) const override;
+
+ private:
+  std::size_t indexOf(const Value& key, Int hash) const;
+  void addToTable(std::size_t index);
+  void rebuildTable(std::size_t slots);
+
+  std::vector<Entry> entries_;
+  std::vector<Int> hashes_;            // of the entries' keys
+  std::vector<std::uint32_t> table_;  // open addressing: 0, or 1 + the index of an entry; empty while few
+};
+
+/// A dictionary of other host values.
+class HostDictionary final : public Mapping {
+ public:
+  using Entry = std::pair<HostValue, HostValue>;
+
+  explicit HostDictionary(std::vector<Entry> entries) noexcept : entries_(std::move(entries)) {}
+
+  const std::vector<Entry>& entries() const noexcept { return entries_; }
+
+  std::size_t size() const noexcept override { return entries_.size(); }
+  String printed(std::size_t index) const override;
+
+ private:
+  std::vector<Entry> entries_;
+};
+
+}  // namespace velto

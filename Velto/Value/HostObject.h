@@ -1,0 +1,117 @@
+// Records of the host as objects, without a class of their own.
+#pragma once
+
+#include <boost/describe.hpp>
+#include <boost/mp11/algorithm.hpp>
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "Velto/Value/HostValue.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// A record whose own public members are described by `BOOST_DESCRIBE_STRUCT` or `BOOST_DESCRIBE_CLASS`.
+template <typename T>
+concept Described = boost::describe::has_describe_members<T>::value && !std::is_union_v<T>;
+
+/// A name of a property and how to read it from a record: a pointer to a member, or a function.
+template <typename T>
+struct Property {
+  String name;
+  std::function<HostValue(const T&)> read;
+
+  template <typename Reader>
+  Property(String name, Reader reader)
+      : name(std::move(name)), read([reader](const T& record) { return HostValue(std::invoke(reader, record)); }) {}
+};
+
+template <typename T>
+using Properties = std::vector<Property<T>>;
+
+/// The members that a record's own type declares; those of its bases are not seen.
+template <Described T>
+const Properties<T>& describedProperties() {
+  static const Properties<T> properties = [] {
+    Properties<T> result;
+    using Members = boost::describe::describe_members<T, boost::describe::mod_public>;
+    boost::mp11::mp_for_each<Members>([&](auto member) { result.emplace_back(String(member.name), member.pointer); });
+    return result;
+  }();
+  return properties;
+}
+
+/// An object over a record of type `T`, which it shares with the host.
+template <typename T>
+class HostObject final : public Object {
+ public:
+  HostObject(std::shared_ptr<const T> record, const Properties<T>* properties) noexcept
+      : record_(std::move(record)), properties_(properties) {}
+  HostObject(std::shared_ptr<const T> record, Properties<T> properties)
+      : record_(std::move(record)), own_(std::move(properties)), properties_(&own_) {}
+
+  const T& record() const noexcept { return *record_; }
+
+  /// What the record's own `description()` says, otherwise its type and properties: "Point(x: 1, y: 2)".
+  String objectDescription() const override {
+    if constexpr (requires { { record_->description() } -> std::convertible_to<String>; }) {
+      return record_->description();
+    } else {
+      return described();
+    }
+  }
+
+  String typeName() const override { return unqualifiedTypeName(typeid(T)); }
+
+ protected:
+  std::optional<HostValue> child(const String& name) const override {
+    for (const Property<T>& property : *properties_) {
+      if (property.name == name) return property.read(*record_);
+    }
+    return std::nullopt;
+  }
+
+ private:
+  String described() const {
+    StringBuilder text;
+    text.append(typeName()).append("(");
+    for (const Property<T>& property : *properties_) {
+      if (&property != &properties_->front()) text.append(", ");
+      text.append(property.name).append(": ").append(property.read(*record_).printed());
+    }
+    return text.append(")").build();
+  }
+
+  std::shared_ptr<const T> record_;
+  Properties<T> own_;
+  const Properties<T>* properties_;
+};
+
+/// A described record as an object, copied.
+template <Described T>
+Ref<const Object> object(const T& record) {
+  return makeRef<HostObject<T>>(std::make_shared<const T>(record), &describedProperties<T>());
+}
+
+/// A described record as an object that shares it with the host and shows its current state.
+template <Described T>
+Ref<const Object> object(std::shared_ptr<T> record) {
+  return makeRef<HostObject<std::remove_const_t<T>>>(std::move(record),
+                                                     &describedProperties<std::remove_const_t<T>>());
+}
+
+/// A record as an object by a table of its properties.
+template <typename T>
+Ref<const Object> object(const T& record, Properties<T> properties) {
+  return makeRef<HostObject<T>>(std::make_shared<const T>(record), std::move(properties));
+}
+
+/// Described records become objects wherever a host value is taken.
+template <Described T>
+Ref<const Object> asObject(const T& record) {
+  return object(record);
+}
+
+}  // namespace velto

@@ -1,0 +1,139 @@
+// The one dynamic type of the language.
+#pragma once
+
+#include <concepts>
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <utility>
+
+#include "Velto/Platform/Ref.h"
+#include "Velto/Platform/String.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// A boolean, a number (a 64-bit float), an object, a callable, `nil`, or the state of a variable that was declared
+/// without a value. Copies share what they hold; nothing in the language changes an object in place.
+///
+/// Questions give a pointer into the value, or null:
+///
+///     if (const String* text = value.string()) ...
+class Value {
+ public:
+  enum class Case { boolean, number, object, callable, uninitialized, nil };
+
+  Value() noexcept : tag_(Tag::nil), boolean_(false) {}
+  Value(std::nullptr_t) noexcept : Value() {}
+  template <std::same_as<bool> T>
+  Value(T boolean) noexcept : tag_(Tag::boolean), boolean_(boolean) {}
+  template <typename T>
+    requires((std::integral<T> && !std::same_as<T, bool>) || std::floating_point<T>)
+  Value(T number) noexcept : tag_(Tag::number), number_(static_cast<double>(number)) {}
+  Value(String text) noexcept : tag_(Tag::string), string_(std::move(text)) {}
+  Value(const char* text) : Value(String(text)) {}
+  Value(const std::string& text) : Value(String(text)) {}
+  Value(std::string_view text) : Value(String(text)) {}
+  Value(Ref<const Array> array) noexcept;
+  Value(Array array);
+  Value(Ref<const Dictionary> dictionary) noexcept;
+  Value(Dictionary dictionary);
+  Value(Ref<const CountableRange> range) noexcept;
+  Value(Ref<const CountableClosedRange> range) noexcept;
+  /// Any object; one of the kinds above is recognised.
+  Value(Ref<const Object> object) noexcept;
+  Value(Ref<const Callable> callable) noexcept;
+  template <typename T>
+    requires std::derived_from<T, Object>
+  Value(const Ref<T>& object) noexcept : Value(Ref<const Object>(object)) {}
+  template <typename T>
+    requires std::derived_from<T, Callable>
+  Value(const Ref<T>& callable) noexcept : Value(Ref<const Callable>(callable)) {}
+
+  static Value nil() noexcept { return {}; }
+  static Value uninitialized() noexcept;
+  static Value arrayLiteral(std::initializer_list<Value> elements);
+  /// Two equal keys are a fatal stop.
+  static Value dictionaryLiteral(std::initializer_list<std::pair<Value, Value>> pairs);
+  /// From a host value, deeply: arrays and dictionaries come out as arrays and dictionaries of values. Nothing if any
+  /// part of it can't be converted.
+  static std::optional<Value> from(const HostValue& host);
+
+  Value(const Value& other) noexcept;
+  Value(Value&& other) noexcept;
+  Value& operator=(const Value& other) noexcept;
+  Value& operator=(Value&& other) noexcept;
+  ~Value() {
+    if (tag_ >= Tag::string) letGo();
+  }
+
+  Case kind() const noexcept;
+  bool isNil() const noexcept { return tag_ == Tag::nil; }
+  bool isUninitialized() const noexcept { return tag_ == Tag::uninitialized; }
+  bool isObject() const noexcept { return tag_ >= Tag::string && tag_ != Tag::callable; }
+
+  const bool* boolean() const noexcept { return tag_ == Tag::boolean ? &boolean_ : nullptr; }
+  const double* number() const noexcept { return tag_ == Tag::number ? &number_ : nullptr; }
+  const String* string() const noexcept { return tag_ == Tag::string ? &string_ : nullptr; }
+  const Array* array() const noexcept { return as<const Array>(Tag::array); }
+  const Dictionary* dictionary() const noexcept { return as<const Dictionary>(Tag::dictionary); }
+  const CountableRange* openRange() const noexcept { return as<const CountableRange>(Tag::openRange); }
+  const CountableClosedRange* closedRange() const noexcept { return as<const CountableClosedRange>(Tag::closedRange); }
+  const Callable* callable() const noexcept { return as<const Callable>(Tag::callable); }
+  /// The object, whatever its kind, but for a string.
+  const Object* object() const noexcept;
+
+  /// The member `name`; nothing if this isn't an object, or has no such member.
+  std::optional<Value> get(const String& name) const;
+  /// The text of an object.
+  String objectDescription() const;
+
+  /// The value itself: what `asValue` gives for every implementer of the interface.
+  const Value& asValue() const noexcept { return *this; }
+
+  /// Whether `value` may enter the interpreter: no array or dictionary of anything but values, at any depth.
+  static bool verify(const Value& value);
+
+  /// The text that the language prints: numbers through "%g", strings bare.
+  String description() const;
+
+  /// Whether this is of the named type and no other. `nil` and an uninitialized value have no type.
+  bool isOf(const MetaType& type) const;
+
+  /// Agrees with `==`; salted by the process.
+  Int hashValue() const;
+
+  friend bool operator==(const Value& left, const Value& right);
+
+ private:
+  enum class Tag : std::uint8_t {
+    nil, uninitialized, boolean, number, string, array, dictionary, openRange, closedRange, object, callable
+  };
+
+  Value(Tag tag, Ref<const Counted> shared) noexcept : tag_(tag), shared_(std::move(shared)) {}
+
+  template <typename T>
+  T* as(Tag tag) const noexcept;
+  void letGo() noexcept;
+
+  Tag tag_;
+  union {
+    bool boolean_;
+    double number_;
+    String string_;
+    Ref<const Counted> shared_;
+  };
+};
+
+static_assert(sizeof(Value) == 16);
+
+/// What a number prints as: the C format "%g", with "nan" for every NaN.
+String numberDescription(double number);
+
+}  // namespace velto
+
+template <>
+struct std::hash<velto::Value> {
+  std::size_t operator()(const velto::Value& value) const { return static_cast<std::size_t>(value.hashValue()); }
+};
+
+#include "Velto/Value/ValueInline.h"
