@@ -33,8 +33,20 @@ class Character {
   std::string_view text_;
 };
 
+/// `nextBoundary` for any text, by the rules of segmentation alone.
+std::size_t nextBoundaryByRules(std::string_view text, std::size_t offset) noexcept;
+
+// Declared once more for the linker: a friend alone doesn't take part in the visibility of its namespace.
+bool operator==(Character left, Character right) noexcept;
+std::strong_ordering operator<=>(Character left, Character right) noexcept;
+
 /// The offset in bytes behind the cluster that begins at `offset`, which must be a boundary below `text.size()`.
-std::size_t nextBoundary(std::string_view text, std::size_t offset) noexcept;
+/// Between two ASCII characters there is always a boundary, CR LF excepted.
+inline std::size_t nextBoundary(std::string_view text, std::size_t offset) noexcept {
+  const auto isPlain = [&](std::size_t at) { return at == text.size() || static_cast<signed char>(text[at]) >= 0; };
+  const bool isAlone = isPlain(offset) && isPlain(offset + 1) && text[offset] != '\r';
+  return isAlone ? offset + 1 : nextBoundaryByRules(text, offset);
+}
 
 /// The offset in bytes of the cluster that ends at `offset`, which must be a boundary above 0.
 std::size_t previousBoundary(std::string_view text, std::size_t offset) noexcept;

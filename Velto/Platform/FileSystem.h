@@ -12,18 +12,20 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Where bytes can be written; closed, if it owns something, with its last holder. Errors of writing are ignored.
+/// Where bytes can be written; closed, if it owns something, with its last holder.
 class FileHandle {
  public:
   virtual ~FileHandle() = default;
 
-  /// Writes at once, all of it.
+  /// Writes all of `bytes`. An error is ignored, and nothing may be thrown.
   virtual void write(std::string_view bytes) = 0;
 };
 
-/// All access to files. What is written to the handles of one file system is buffered, and yet every read, every opened
+/// All access to files. What is written to the handles of a file system is buffered, and yet every read, every opened
 /// file and every fatal stop finds what an unbuffered writer would have left: at most one handle of a thread has bytes
 /// waiting, and they are written before anything else that could tell.
+///
+/// The empty path is the current directory. There is nothing at a path with a NUL.
 class FileSystem {
  public:
   /// The files of this machine.
@@ -53,8 +55,8 @@ class FileSystem {
   static void flush();
 
  protected:
-  // What a file system of one's own implements. Nothing is waiting when these are called, and the handles that they give
-  // need no buffer.
+  // What a file system of one's own implements. Nothing is waiting when these are called, no path has a NUL, and the
+  // handles that they give need no buffer.
   virtual std::string doRead(const Url& url) = 0;  ///< throws `FileError`
   virtual std::shared_ptr<FileHandle> doCreate(const Url& url) = 0;
   virtual std::shared_ptr<FileHandle> doDescriptor(int number) = 0;

@@ -10,8 +10,9 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Files by standardized absolute path; the current directory is "/". `files` may be read and written between runs. The
-/// descriptors' output is kept under "<1>", "<2>" and so on.
+/// Files by standardized absolute path; the current directory is "/". A folder is there if it stands in `directories`
+/// or if a file lies in it. Both may be read and written between runs. The output of the descriptors is kept under
+/// "<1>", "<2>" and so on. It must outlive its handles.
 class MemoryFileSystem final : public FileSystem {
  public:
   std::map<std::string, std::string> files;
@@ -25,6 +26,10 @@ class MemoryFileSystem final : public FileSystem {
   bool doCopy(const Url& source, const Url& destination) override;
   bool doIsDirectory(const Url& url) override;
   Url doCurrentDirectory() override;
+
+ private:
+  bool isFolder(const std::string& path) const;
+  void copyFolder(const std::string& source, const std::string& destination);
 };
 
 }  // namespace velto

@@ -73,6 +73,10 @@ class Counted {
   mutable HolderCount holders_{0};
 };
 
+/// A pointer to the one type will do where a pointer to the other is wanted.
+template <typename From, typename To>
+concept ReferableAs = std::convertible_to<From*, To*>;
+
 /// A shared owner of a `Counted` object, one pointer in size; may be empty.
 template <typename T>
 class Ref {
@@ -84,8 +88,7 @@ class Ref {
   }
   Ref(const Ref& other) noexcept : Ref(other.pointer_) {}
   Ref(Ref&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-  template <typename U>
-    requires std::convertible_to<U*, T*>
+  template <ReferableAs<T> U>
   Ref(Ref<U> other) noexcept : pointer_(other.detach()) {}
   Ref& operator=(Ref other) noexcept {
     std::swap(pointer_, other.pointer_);
@@ -115,12 +118,13 @@ Ref<T> makeRef(Parameters&&... parameters) {
   return Ref<T>(new T(std::forward<Parameters>(parameters)...));
 }
 
-/// Base of what `WeakRef` can look at. When the last `Ref` goes, `clear` lets go of the contents; the memory stays until
-/// the last `WeakRef` has gone, so that a dead object can be told from a live one.
+/// Base of what `WeakRef` can look at. When the last `Ref` goes, `clear` lets go of the contents; the memory stays
+/// until the last `WeakRef` has gone, so that a dead object can be told from a live one.
 class WeaklyCounted : public Counted {
  public:
   bool isAlive() const noexcept { return holderCount() > 0; }
-  bool isObserved() const noexcept { return observers_.get() > 1; }
+  /// How many `WeakRef`s look at it.
+  std::uint32_t observerCount() const noexcept { return observers_.get() - (isAlive() ? 1 : 0); }
 
   void observe() const noexcept { observers_.increment(); }
   void unobserve() const noexcept {

@@ -14,9 +14,7 @@ class StackGuard {
   StackGuard() noexcept;
 
   /// True when less than the reserve, which any single step fits into, is left below the caller's frame.
-  bool isExhausted() const noexcept {
-    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < limit_;
-  }
+  bool isExhausted() const noexcept { return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < limit_; }
 
  private:
   std::uintptr_t limit_;

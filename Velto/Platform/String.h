@@ -21,13 +21,13 @@ class String {
 
   /// The bytes stand behind the object, or within those of the text that this is a slice of.
   struct Storage final : Counted {
-    static Ref<const Storage> copying(std::string_view text);
+    static Ref<const Storage> joining(std::initializer_list<std::string_view> pieces);
     Storage(const char* text, std::size_t size, bool isASCII, Ref<const Storage> whole) noexcept;
     static void operator delete(void* memory) { ::operator delete(memory); }
 
+    bool isASCII;
     const char* text;
     std::size_t size;
-    bool isASCII;
     mutable std::atomic<std::size_t> hash = 0;  // 0 until it is asked for
     Ref<const Storage> whole;
   };
@@ -71,11 +71,19 @@ class String {
   Ref<const Storage> storage_;  // empty for the empty text
 };
 
+// Declared once more for the linker: a friend alone doesn't take part in the visibility of its namespace.
+bool operator==(const String& left, const String& right) noexcept;
+std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
+
 /// Collects pieces of well-formed text.
 class StringBuilder {
  public:
   StringBuilder& append(std::string_view piece) {
     text_.append(piece);
+    return *this;
+  }
+  StringBuilder& append(char ascii) {
+    text_.push_back(ascii);
     return *this;
   }
   StringBuilder& appendScalar(char32_t scalar);

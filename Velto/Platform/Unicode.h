@@ -6,7 +6,7 @@
 
 #include "Velto/Platform/String.h"
 
-namespace [[gnu::visibility("default")]] velto::unicode {
+namespace velto::unicode {
 
 /// The scalar that begins at `offset` of well-formed text; `offset` moves behind it.
 char32_t decode(std::string_view text, std::size_t& offset) noexcept;
@@ -14,6 +14,8 @@ char32_t decode(std::string_view text, std::size_t& offset) noexcept;
 // Whole strings, with context and without locale: a final sigma is told, "ß" becomes "SS".
 String lowercased(const String& text);
 String uppercased(const String& text);
+void appendLowercased(std::string_view text, StringBuilder& result);
+void appendUppercased(std::string_view text, StringBuilder& result);
 
 // ASCII is compared byte by byte, all else by the scalars of the canonically decomposed texts. `contains` of an empty
 // text is false.
@@ -21,11 +23,11 @@ bool hasPrefix(const String& text, const String& prefix);
 bool hasSuffix(const String& text, const String& suffix);
 bool contains(const String& text, const String& part);
 
-bool isLetter(char32_t scalar) noexcept;                ///< general categories L and M
-bool isAlphanumeric(char32_t scalar) noexcept;          ///< general categories L, M and N
-bool isWhitespaceOrNewline(char32_t scalar) noexcept;   ///< general category Z, U+000A to U+000D, U+0085; no tab
-bool isUppercaseLetter(char32_t scalar) noexcept;       ///< general categories Lu and Lt
-bool isLowercaseLetter(char32_t scalar) noexcept;       ///< general category Ll
+bool isLetter(char32_t scalar) noexcept;               ///< general categories L and M
+bool isAlphanumeric(char32_t scalar) noexcept;         ///< general categories L, M and N
+bool isWhitespaceOrNewline(char32_t scalar) noexcept;  ///< general category Z, U+000A to U+000D, U+0085; no tab
+bool isUppercaseLetter(char32_t scalar) noexcept;      ///< general categories Lu and Lt
+bool isLowercaseLetter(char32_t scalar) noexcept;      ///< general category Ll
 
 /// Canonical equivalence of two well-formed texts.
 bool areEquivalent(std::string_view left, std::string_view right) noexcept;

@@ -11,15 +11,15 @@ namespace [[gnu::visibility("default")]] velto {
 /// The address of a local file. The path is kept as it was given, relative or absolute, since messages show it.
 class Url {
  public:
-  /// From a path, as given. It counts as a directory when it ends in "/"; an address that is a directory without showing
-  /// it is made by `directory`.
+  /// From a path, as given. It counts as a directory when it ends in "/"; an address that is a directory without
+  /// showing it is made by `directory`.
   explicit Url(const String& path);
 
   static Url directory(const String& path);
 
   /// From the text of a URL (RFC 3986), resolved against `base`; a base that isn't a directory loses its last
-  /// component. Nothing for text that isn't a valid URL, a scheme other than `file`, a host other than `localhost`, or a
-  /// path that isn't UTF-8 or has a NUL. `currentDirectory` completes a relative base.
+  /// component. Nothing for text that isn't a valid URL, a scheme other than `file`, a host other than `localhost`, or
+  /// a path that isn't UTF-8 or has a NUL. `currentDirectory` completes a relative base.
   static std::optional<Url> resolving(const String& text, const Url& base, const Url& currentDirectory);
 
   /// Joined by one "/", even when `component` begins with one.

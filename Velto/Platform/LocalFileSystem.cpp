@@ -1,0 +1,187 @@
+// The files of this machine.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include "Velto/Platform/FileHandle.h"
+#include "Velto/Platform/FileSystem.h"
+#include "Velto/Platform/ReadError.h"
+
+namespace velto {
+namespace {
+
+namespace files = std::filesystem;
+
+files::path pathOf(const Url& url) {
+  return url.path().isEmpty() ? files::path(".") : files::path(url.path().view());
+}
+
+/// Owns a descriptor that the system opened.
+class OpenFile {
+ public:
+  OpenFile(const Url& url, int flags) noexcept : number_(open(pathOf(url).c_str(), flags | O_CLOEXEC)) {}
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  ~OpenFile() {
+    if (isOpen()) ::close(number_);
+  }
+
+  bool isOpen() const noexcept { return number_ >= 0; }
+  int number() const noexcept { return number_; }
+
+ private:
+  static int open(const char* path, int flags) noexcept {
+    constexpr mode_t readableAndWritable = 0666;
+    int number;
+    do number = ::open(path, flags, readableAndWritable);
+    while (number < 0 && errno == EINTR);
+    return number;
+  }
+
+  int number_;
+};
+
+class CreatedFile final : public FileHandle {
+ public:
+  explicit CreatedFile(const Url& url) noexcept : file_(url, O_WRONLY | O_CREAT | O_TRUNC) {}
+
+  bool isOpen() const noexcept { return file_.isOpen(); }
+  void write(std::string_view bytes) override { writeFully(file_.number(), bytes); }
+
+ private:
+  OpenFile file_;
+};
+
+/// Belongs to the host, and stays open.
+class Descriptor final : public FileHandle {
+ public:
+  explicit Descriptor(int number) noexcept : number_(number) {}
+
+  void write(std::string_view bytes) override { writeFully(number_, bytes); }
+
+ private:
+  int number_;
+};
+
+std::errc lastError() noexcept {
+  return static_cast<std::errc>(errno);
+}
+
+/// How much to ask for in one go, so that a second read finds the end of a file.
+std::size_t expectedSize(int number) {
+  struct stat status;
+  constexpr off_t leastSize = 4096;
+  if (::fstat(number, &status) != 0 || status.st_size < leastSize) return leastSize;
+  return static_cast<std::size_t>(status.st_size) + 1;
+}
+
+std::string readToEnd(int number) {
+  std::string bytes(expectedSize(number), '\0');
+  std::size_t length = 0;
+  for (;;) {
+    if (length == bytes.size()) bytes.resize(2 * length);
+    const ssize_t count = ::read(number, bytes.data() + length, bytes.size() - length);
+    if (count == 0) break;
+    if (count > 0) {
+      length += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      failReading(lastError());
+    }
+  }
+  bytes.resize(length);
+  return bytes;
+}
+
+bool copyItem(const files::path& source, const files::path& destination);
+
+bool copyContents(const files::path& source, const files::path& destination) {
+  std::error_code error;
+  files::directory_iterator entry(source, error);
+  for (; !error && entry != files::directory_iterator(); entry.increment(error)) {
+    if (!copyItem(entry->path(), destination / entry->path().filename())) return false;
+  }
+  return !error;
+}
+
+/// A copy of a folder inside that very folder would never end.
+bool isInside(const files::path& item, const files::path& folder) {
+  std::error_code error;
+  const files::path inner = files::canonical(files::absolute(item, error).parent_path(), error);
+  const files::path outer = files::canonical(folder, error);
+  return std::ranges::mismatch(outer, inner).in1 == outer.end();
+}
+
+bool copyFolder(const files::path& source, const files::path& destination, files::perms permissions) {
+  std::error_code error;
+  if (!files::create_directory(destination, error) || !copyContents(source, destination)) return false;
+  files::permissions(destination, permissions, error);
+  return !error;
+}
+
+bool copyItem(const files::path& source, const files::path& destination) {
+  std::error_code error;
+  const files::file_status status = files::symlink_status(source, error);
+  switch (status.type()) {
+    case files::file_type::regular:
+      return files::copy_file(source, destination, error);
+    case files::file_type::directory:
+      return !isInside(destination, source) && copyFolder(source, destination, status.permissions());
+    case files::file_type::symlink:
+      files::copy_symlink(source, destination, error);
+      return !error;
+    default:
+      return false;
+  }
+}
+
+class LocalFileSystem final : public FileSystem {
+ protected:
+  std::string doRead(const Url& url) override {
+    const OpenFile file(url, O_RDONLY);
+    if (!file.isOpen()) failReading(lastError());
+    return readToEnd(file.number());
+  }
+
+  std::shared_ptr<FileHandle> doCreate(const Url& url) override {
+    auto file = std::make_shared<CreatedFile>(url);
+    return file->isOpen() ? file : nullptr;
+  }
+
+  std::shared_ptr<FileHandle> doDescriptor(int number) override { return std::make_shared<Descriptor>(number); }
+
+  bool doCreateDirectory(const Url& url) override {
+    std::error_code error;
+    files::create_directories(pathOf(url), error);
+    return !error && doIsDirectory(url);
+  }
+
+  bool doCopy(const Url& source, const Url& destination) override {
+    std::error_code error;
+    const bool isFree = files::symlink_status(pathOf(destination), error).type() == files::file_type::not_found;
+    return isFree && copyItem(pathOf(source), pathOf(destination));
+  }
+
+  bool doIsDirectory(const Url& url) override {
+    std::error_code error;
+    return files::is_directory(pathOf(url), error);
+  }
+
+  Url doCurrentDirectory() override {
+    std::error_code error;
+    return Url::directory(files::current_path(error).string());
+  }
+};
+
+}  // namespace
+
+std::shared_ptr<FileSystem> FileSystem::local() {
+  static const std::shared_ptr<FileSystem> fileSystem = std::make_shared<LocalFileSystem>();
+  return fileSystem;
+}
+
+}  // namespace velto

@@ -1,0 +1,35 @@
+// The buffer through which a thread writes to all its handles.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "Velto/Platform/FileSystem.h"
+#include "Velto/Platform/PendingOutput.h"
+
+namespace velto {
+
+/// Holds bytes for one handle at a time: whoever writes to another one makes it write out first, so that the order of
+/// the bytes is that of the calls, whatever the handles lead to.
+class OutputBuffer final : public PendingOutput {
+ public:
+  static constexpr std::size_t capacity = 64 * 1024;
+
+  /// That of this thread. It writes out what is left when the thread ends.
+  static OutputBuffer& ofThread();
+
+  ~OutputBuffer() override { flush(); }
+
+  void write(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
+  bool holdsBytesFor(const FileHandle& target) const noexcept { return target_.get() == &target; }
+  void flush() noexcept override;
+
+ private:
+  void writeOut();
+
+  std::shared_ptr<FileHandle> target_;  // null while nothing waits
+  std::string bytes_;
+};
+
+}  // namespace velto

@@ -1,0 +1,482 @@
+// The order of bytes on all descriptors, and the files of this machine.
+#include "Velto/Platform/FileSystem.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Velto/Platform/Fatal.h"
+
+namespace velto {
+namespace {
+
+using Log = std::vector<std::string>;
+
+/// Writes down which primitive was called when.
+class RecordingFileSystem final : public FileSystem {
+ public:
+  Log log;
+
+ protected:
+  class Handle final : public FileHandle {
+   public:
+    Handle(Log& log, std::string name) : log_(log), name_(std::move(name)) {}
+    ~Handle() override { log_.push_back("close " + name_); }
+    void write(std::string_view bytes) override { log_.push_back(name_ + ": " + std::string(bytes)); }
+
+   private:
+    Log& log_;
+    std::string name_;
+  };
+
+  std::string doRead(const Url& url) override {
+    note("read", url);
+    return "text";
+  }
+  std::shared_ptr<FileHandle> doCreate(const Url& url) override {
+    note("create", url);
+    return std::make_shared<Handle>(log, std::string(url.path()));
+  }
+  std::shared_ptr<FileHandle> doDescriptor(int number) override {
+    return std::make_shared<Handle>(log, std::to_string(number));
+  }
+  bool doCreateDirectory(const Url& url) override { return note("mkdir", url); }
+  bool doCopy(const Url& source, const Url&) override { return note("copy", source); }
+  bool doIsDirectory(const Url& url) override { return note("isDirectory", url); }
+  Url doCurrentDirectory() override { return Url("/"); }
+
+ private:
+  bool note(const std::string& what, const Url& url) {
+    log.push_back(what + " " + std::string(url.path()));
+    return true;
+  }
+};
+
+class BufferingTest : public testing::Test {
+ protected:
+  RecordingFileSystem files;
+
+  std::shared_ptr<FileHandle> output() { return files.descriptor(1); }
+};
+
+TEST_F(BufferingTest, ManySmallWritesBecomeOne) {
+  {
+    const auto file = files.create(Url("a"));
+    for (const char* piece : {"x", "", "yz", "\n"}) file->write(piece);
+    EXPECT_EQ(files.log, Log({"create a"}));
+  }
+  EXPECT_EQ(files.log, Log({"create a", "a: xyz\n", "close a"}));
+}
+
+TEST_F(BufferingTest, NothingIsWrittenForNothing) {
+  files.create(Url("a"))->write("");
+  FileSystem::flush();
+  EXPECT_EQ(files.log, Log({"create a", "close a"}));
+}
+
+TEST_F(BufferingTest, TheLastHolderWritesAndCloses) {
+  auto first = files.create(Url("a"));
+  auto second = first;
+  first->write("x");
+  first = nullptr;
+  EXPECT_EQ(files.log, Log({"create a"}));
+  second = nullptr;
+  EXPECT_EQ(files.log, Log({"create a", "a: x", "close a"}));
+}
+
+TEST_F(BufferingTest, WritingToAnotherHandleWritesOutFirst) {
+  const auto first = files.create(Url("a"));
+  const auto second = files.create(Url("b"));
+  files.log.clear();
+  first->write("1");
+  second->write("2");
+  first->write("3");
+  first->write("4");
+  second->write("5");
+  EXPECT_EQ(files.log, Log({"a: 1", "b: 2", "a: 34"}));
+  FileSystem::flush();
+  EXPECT_EQ(files.log.back(), "b: 5");
+}
+
+TEST_F(BufferingTest, TwoHandlesToOneDescriptorKeepTheOrderOfTheCalls) {
+  const auto first = output();
+  const auto second = output();
+  first->write("1");
+  second->write("2");
+  first->write("3");
+  FileSystem::flush();
+  EXPECT_EQ(files.log, Log({"1: 1", "1: 2", "1: 3"}));
+}
+
+TEST_F(BufferingTest, StandardErrorIsNotBufferedAndComesBehindWhatWaits) {
+  const auto out = output();
+  const auto error = files.standardError();
+  out->write("1");
+  error->write("2");
+  error->write("3");
+  EXPECT_EQ(files.log, Log({"1: 1", "2: 2", "2: 3"}));
+}
+
+TEST_F(BufferingTest, AFullBufferIsWritten) {
+  const auto out = output();
+  const std::string piece(1000, 'x');
+  for (int i = 0; i < 66; ++i) out->write(piece);
+  ASSERT_EQ(files.log.size(), 1u);
+  EXPECT_EQ(files.log[0].size(), std::string("1: ").size() + 65000);
+}
+
+TEST_F(BufferingTest, ALargePieceIsNotCopiedIntoTheBuffer) {
+  const auto out = output();
+  out->write("1");
+  out->write(std::string(100'000, 'x'));
+  ASSERT_EQ(files.log.size(), 2u);
+  EXPECT_EQ(files.log[0], "1: 1");
+  EXPECT_EQ(files.log[1].size(), std::string("1: ").size() + 100'000);
+}
+
+TEST_F(BufferingTest, AnythingThatCouldTellFindsNothingWaiting) {
+  const auto out = output();
+  const auto writtenBefore = [&](auto operation) {
+    files.log.clear();
+    out->write("x");
+    operation();
+    return files.log.size() >= 1 && files.log[0] == "1: x";
+  };
+  EXPECT_TRUE(writtenBefore([&] { files.readBytes(Url("a")); }));
+  EXPECT_TRUE(writtenBefore([&] { files.readText(Url("a")); }));
+  EXPECT_TRUE(writtenBefore([&] { files.create(Url("a")); }));
+  EXPECT_TRUE(writtenBefore([&] { files.descriptor(3); }));
+  EXPECT_TRUE(writtenBefore([&] { files.createDirectory(Url("a")); }));
+  EXPECT_TRUE(writtenBefore([&] { files.copy(Url("a"), Url("b")); }));
+  EXPECT_TRUE(writtenBefore([&] { files.isDirectory(Url("a")); }));
+  EXPECT_TRUE(writtenBefore([&] { FileSystem::flush(); }));
+}
+
+TEST_F(BufferingTest, OtherFileSystemsOfTheThreadTakePart) {
+  RecordingFileSystem others;
+  const auto out = output();
+  out->write("x");
+  others.readBytes(Url("a"));
+  EXPECT_EQ(files.log, Log({"1: x"}));
+}
+
+TEST_F(BufferingTest, PathsWithANulNeverReachTheFileSystem) {
+  const Url url(String(std::string_view("a\0b", 3)));
+  EXPECT_THROW(files.readBytes(url), FileError);
+  EXPECT_EQ(files.create(url), nullptr);
+  EXPECT_FALSE(files.createDirectory(url));
+  EXPECT_FALSE(files.copy(url, Url("b")));
+  EXPECT_FALSE(files.copy(Url("b"), url));
+  EXPECT_FALSE(files.isDirectory(url));
+  EXPECT_EQ(files.log, Log());
+}
+
+/// Writes everything to the handles of another file system too, as a host that records a run does.
+class ForwardingFileSystem final : public FileSystem {
+ public:
+  explicit ForwardingFileSystem(FileSystem& below) : below_(below) {}
+
+ protected:
+  class Handle final : public FileHandle {
+   public:
+    explicit Handle(std::shared_ptr<FileHandle> below) : below_(std::move(below)) {}
+    void write(std::string_view bytes) override {
+      below_->write("[");
+      below_->write(bytes);
+      below_->write("]");
+    }
+
+   private:
+    std::shared_ptr<FileHandle> below_;
+  };
+
+  std::string doRead(const Url& url) override { return below_.readBytes(url); }
+  std::shared_ptr<FileHandle> doCreate(const Url& url) override { return std::make_shared<Handle>(below_.create(url)); }
+  std::shared_ptr<FileHandle> doDescriptor(int number) override {
+    return std::make_shared<Handle>(below_.descriptor(number));
+  }
+  bool doCreateDirectory(const Url& url) override { return below_.createDirectory(url); }
+  bool doCopy(const Url& source, const Url& destination) override { return below_.copy(source, destination); }
+  bool doIsDirectory(const Url& url) override { return below_.isDirectory(url); }
+  Url doCurrentDirectory() override { return below_.currentDirectory(); }
+
+ private:
+  FileSystem& below_;
+};
+
+TEST_F(BufferingTest, AHandleMayWriteToAnotherHandle) {
+  ForwardingFileSystem forwarding(files);
+  {
+    const auto file = forwarding.create(Url("a"));
+    file->write("x");
+    file->write("y");
+    FileSystem::flush();
+    EXPECT_EQ(files.log, Log({"create a", "a: [xy]"}));
+    file->write("z");
+  }
+  EXPECT_EQ(files.log, Log({"create a", "a: [xy]", "a: [z]", "close a"}));
+}
+
+TEST_F(BufferingTest, AThreadWritesWhatIsLeftWhenItEnds) {
+  std::shared_ptr<FileHandle> file;
+  std::thread([&] {
+    file = files.create(Url("a"));
+    file->write("x");
+  }).join();
+  EXPECT_EQ(files.log, Log({"create a", "a: x"}));
+}
+
+/// A fresh folder of this machine, gone after the test.
+class LocalFilesTest : public testing::Test {
+ protected:
+  LocalFilesTest() {
+    char name[] = "/tmp/velto-files-XXXXXX";
+    root = ::mkdtemp(name);
+  }
+  ~LocalFilesTest() override { std::filesystem::remove_all(root); }
+
+  Url at(const std::string& path) const { return Url(root + "/" + path); }
+
+  void put(const std::string& path, std::string_view content) const {
+    std::ofstream(root + "/" + path, std::ios::binary) << content;
+  }
+
+  std::string contentOf(const std::string& path) const {
+    std::ifstream file(root + "/" + path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  bool exists(const std::string& path) const { return std::filesystem::exists(root + "/" + path); }
+
+  std::string readFailure(const Url& url) const {
+    try {
+      files->readText(url);
+      return "none";
+    } catch (const FileError& error) {
+      return error.what();
+    }
+  }
+
+  std::string root;
+  std::shared_ptr<FileSystem> files = FileSystem::local();
+};
+
+TEST_F(LocalFilesTest, ReadsWholeFiles) {
+  for (const std::size_t size : {0, 1, 4095, 4096, 4097, 8192, 300'000}) {
+    const std::string content(size, 'x');
+    put("a", content);
+    EXPECT_EQ(files->readBytes(at("a")), content);
+    EXPECT_EQ(files->readText(at("a")), String(content));
+  }
+}
+
+TEST_F(LocalFilesTest, ReadsWhatHasNoSizeOfItsOwn) {
+  ASSERT_EQ(::mkfifo((root + "/pipe").c_str(), 0600), 0);
+  const std::string content(200'000, 'x');
+  std::thread writer([&] { put("pipe", content); });
+  EXPECT_EQ(files->readBytes(at("pipe")), content);
+  writer.join();
+}
+
+TEST_F(LocalFilesTest, KeepsBytesAsTheyAre) {
+  const std::string content("\xEF\xBB\xBF a\0b\r\n", 9);
+  put("a", content);
+  EXPECT_EQ(files->readText(at("a")).view(), content);
+}
+
+TEST_F(LocalFilesTest, RefusesTextThatIsNotUTF8) {
+  put("a", "x\xFFy");
+  EXPECT_EQ(readFailure(at("a")), "Invalid or incomplete multibyte or wide character");
+  EXPECT_EQ(files->readBytes(at("a")), "x\xFFy");
+}
+
+TEST_F(LocalFilesTest, TellsWhyAFileCannotBeRead) {
+  put("file", "");
+  EXPECT_EQ(readFailure(at("missing")), "No such file or directory");
+  EXPECT_EQ(readFailure(Url(root)), "Is a directory");
+  EXPECT_EQ(readFailure(Url("")), "Is a directory");
+  EXPECT_EQ(readFailure(at("file/a")), "Not a directory");
+  EXPECT_EQ(readFailure(Url(String(std::string_view("a\0b", 3)))), "No such file or directory");
+}
+
+TEST_F(LocalFilesTest, CreatesAndEmptiesFiles) {
+  put("a", "before, and longer");
+  files->create(at("a"))->write("now");
+  EXPECT_EQ(contentOf("a"), "now");
+  files->create(at("b"));
+  EXPECT_TRUE(exists("b"));
+}
+
+TEST_F(LocalFilesTest, CannotCreateWithoutAFolderNorOverOne) {
+  EXPECT_EQ(files->create(at("missing/a")), nullptr);
+  EXPECT_EQ(files->create(Url(root)), nullptr);
+  EXPECT_EQ(files->create(Url("")), nullptr);
+}
+
+TEST_F(LocalFilesTest, AFileReadBackShowsAllThatWasWritten) {
+  const auto file = files->create(at("a"));
+  file->write("x");
+  EXPECT_EQ(files->readText(at("a")), String("x"));
+  file->write("y");
+  ASSERT_TRUE(files->copy(at("a"), at("b")));
+  EXPECT_EQ(contentOf("b"), "xy");
+}
+
+TEST_F(LocalFilesTest, ASecondHandleBehavesAsWithAnUnbufferedWriter) {
+  const auto first = files->create(at("a"));
+  first->write("12345");
+  const auto second = files->create(at("a"));
+  second->write("xy");
+  first->write("6");
+  FileSystem::flush();
+  EXPECT_EQ(contentOf("a"), std::string("xy\0\0\0"
+                                        "6",
+                                        6));
+}
+
+TEST_F(LocalFilesTest, ADescriptorStaysOpenAndAFileIsClosed) {
+  const int number = ::open((root + "/a").c_str(), O_WRONLY | O_CREAT, 0600);
+  files->descriptor(number)->write("1");
+  EXPECT_EQ(::write(number, "2", 1), 1);
+  EXPECT_EQ(contentOf("a"), "12");
+  ::close(number);
+  files->create(at("b"));
+  EXPECT_EQ(::fcntl(number, F_GETFD), -1) << "the lowest free number belonged to the file, which must be closed";
+}
+
+TEST_F(LocalFilesTest, ErrorsOfWritingAreIgnored) {
+  const auto nowhere = files->descriptor(987);
+  nowhere->write("x");
+  FileSystem::flush();
+  const auto full = files->create(Url("/dev/full"));
+  full->write("x");
+  FileSystem::flush();
+}
+
+TEST_F(LocalFilesTest, WritesAllThroughShortWrites) {
+  int pipe[2];
+  ASSERT_EQ(::pipe(pipe), 0);
+  const std::string content(500'000, 'x');
+  std::thread writer([&] {
+    files->descriptor(pipe[1])->write(content);
+    ::close(pipe[1]);
+  });
+  std::string received;
+  char part[777];
+  for (ssize_t count; (count = ::read(pipe[0], part, sizeof part)) > 0;) {
+    received.append(part, static_cast<std::size_t>(count));
+  }
+  writer.join();
+  ::close(pipe[0]);
+  EXPECT_EQ(received, content);
+}
+
+TEST_F(LocalFilesTest, CreatesDirectoriesWithTheirParents) {
+  EXPECT_TRUE(files->createDirectory(at("x/y/z")));
+  EXPECT_TRUE(files->isDirectory(at("x/y/z")));
+  EXPECT_TRUE(files->createDirectory(at("x/y")));
+  EXPECT_TRUE(files->createDirectory(at("x/new/../other")));
+  EXPECT_TRUE(files->isDirectory(at("x/other")));
+  EXPECT_TRUE(files->createDirectory(Url("")));
+  EXPECT_TRUE(files->createDirectory(Url("a").deletingLastPathComponent()));
+  put("file", "");
+  EXPECT_FALSE(files->createDirectory(at("file")));
+  EXPECT_FALSE(files->createDirectory(at("file/x")));
+  EXPECT_FALSE(files->isDirectory(at("file")));
+  EXPECT_FALSE(files->isDirectory(at("missing")));
+}
+
+TEST_F(LocalFilesTest, CopiesFilesWithTheirPermissions) {
+  put("a", "content");
+  ::chmod((root + "/a").c_str(), 0750);
+  EXPECT_TRUE(files->copy(at("a"), at("b")));
+  EXPECT_EQ(contentOf("b"), "content");
+  struct stat status;
+  ASSERT_EQ(::stat((root + "/b").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777u, 0750u);
+}
+
+TEST_F(LocalFilesTest, CopiesFoldersWithTheirContents) {
+  files->createDirectory(at("a/sub/empty"));
+  put("a/one", "1");
+  put("a/sub/two", "2");
+  std::filesystem::create_symlink("one", root + "/a/link");
+  std::filesystem::create_symlink("nowhere", root + "/a/dangling");
+  EXPECT_TRUE(files->copy(at("a"), at("b")));
+  EXPECT_EQ(contentOf("b/one"), "1");
+  EXPECT_EQ(contentOf("b/sub/two"), "2");
+  EXPECT_TRUE(files->isDirectory(at("b/sub/empty")));
+  EXPECT_EQ(std::filesystem::read_symlink(root + "/b/link"), "one");
+  EXPECT_EQ(std::filesystem::read_symlink(root + "/b/dangling"), "nowhere");
+}
+
+TEST_F(LocalFilesTest, CopiesALinkAsALink) {
+  std::filesystem::create_symlink("nowhere", root + "/a");
+  EXPECT_TRUE(files->copy(at("a"), at("b")));
+  EXPECT_EQ(std::filesystem::read_symlink(root + "/b"), "nowhere");
+}
+
+TEST_F(LocalFilesTest, NeverOverwrites) {
+  put("a", "new");
+  put("file", "old");
+  files->createDirectory(at("folder"));
+  std::filesystem::create_symlink("nowhere", root + "/dangling");
+  for (const char* destination : {"file", "folder", "dangling", "a"}) {
+    EXPECT_FALSE(files->copy(at("a"), at(destination))) << destination;
+  }
+  EXPECT_FALSE(files->copy(at("folder"), at("file")));
+  EXPECT_FALSE(files->copy(at("a"), Url("")));
+  EXPECT_EQ(contentOf("file"), "old");
+  EXPECT_FALSE(exists("nowhere"));
+}
+
+TEST_F(LocalFilesTest, CannotCopyWhatIsMissingNorToAMissingFolder) {
+  put("a", "");
+  EXPECT_FALSE(files->copy(at("missing"), at("b")));
+  EXPECT_FALSE(files->copy(at("a"), at("missing/b")));
+  EXPECT_FALSE(exists("missing"));
+}
+
+TEST_F(LocalFilesTest, DoesNotCopyAFolderIntoItself) {
+  files->createDirectory(at("a/b"));
+  EXPECT_FALSE(files->copy(at("a"), at("a/c")));
+  EXPECT_FALSE(files->copy(at("a"), at("a/b/c")));
+  EXPECT_FALSE(exists("a/c"));
+  EXPECT_FALSE(exists("a/b/c"));
+  EXPECT_TRUE(files->copy(at("a/b"), at("a/c")));
+  EXPECT_TRUE(files->copy(at("a"), at("ab")));
+}
+
+TEST_F(LocalFilesTest, ACopyThatFailsHalfwayIsAFailure) {
+  files->createDirectory(at("a"));
+  ASSERT_EQ(::mkfifo((root + "/a/pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(files->copy(at("a"), at("b")));
+}
+
+TEST_F(LocalFilesTest, KnowsTheCurrentDirectory) {
+  EXPECT_EQ(files->currentDirectory().path().view(), std::filesystem::current_path().string());
+  EXPECT_TRUE(files->currentDirectory().isDirectory());
+}
+
+TEST_F(LocalFilesTest, AFatalStopFindsAllWritten) {
+  const auto print = [&] {
+    files->standardError();
+    files->descriptor(1)->write("");
+    const auto file = files->create(at("a"));
+    file->write("before");
+    fatalError("stop");
+  };
+  EXPECT_DEATH(print(), "fatal: stop");
+  EXPECT_EQ(contentOf("a"), "before");
+}
+
+}  // namespace
+}  // namespace velto
