@@ -1,0 +1,35 @@
+// Positions in source files, and stretches between them.
+#include "Velto/Diagnostics/Range.h"
+
+#include <utility>
+
+#include "Velto/Platform/Fatal.h"
+
+namespace velto {
+
+String Cursor::description() const {
+  return String::concatenation({file, ":", decimal(line), ":", decimal(column)});
+}
+
+Range::Range(String file, Int startLine, Int startColumn, Int endLine, Int endColumn) noexcept
+    : file(std::move(file)), startLine(startLine), startColumn(startColumn), endLine(endLine), endColumn(endColumn) {
+}
+
+Range::Range(String file, Int line, Int column) noexcept : Range(std::move(file), line, column, line, column) {
+}
+
+Range::Range(const Cursor& start, const Cursor& end)
+    : Range(start.file, start.line, start.column, end.line, end.column) {
+  if (start.file != end.file) fatalError("A range must start and end in the same file.");
+}
+
+String Range::description() const {
+  return String::concatenation(
+      {file, ":", decimal(startLine), "...", decimal(endLine), ":", decimal(startColumn), "...", decimal(endColumn)});
+}
+
+Range spanning(const Range& first, const Range& last) {
+  return Range(first.start(), last.end());
+}
+
+}  // namespace velto
