@@ -58,4 +58,8 @@ class HostArray final : public Sequence {
   std::vector<HostValue> elements_;
 };
 
+inline const Array* Value::array() const noexcept {
+  return as<const Array>(Tag::array);
+}
+
 }  // namespace velto

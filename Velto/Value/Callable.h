@@ -21,6 +21,7 @@ using Labels = std::vector<Label>;
 class Arguments {
  public:
   Arguments(std::span<const Value> values) noexcept : values_(values) {}
+  Arguments(const std::vector<Value>& values) noexcept : values_(values) {}
   Arguments(std::initializer_list<Value> values) noexcept : values_(values.begin(), values.size()) {}
 
   std::size_t size() const noexcept { return values_.size(); }
@@ -45,8 +46,8 @@ class Arguments {
 class ReportError {
  public:
   template <typename F>
-    requires std::invocable<const F&, const String&> && (!std::same_as<F, ReportError>)
-  ReportError(const F& function) noexcept
+  requires std::invocable<const F&, const String&> &&
+      (!std::same_as<F, ReportError>)ReportError(const F& function) noexcept
       : function_(&function),
         invoke_([](const void* target, const String& message) { (*static_cast<const F*>(target))(message); }) {}
 
@@ -71,5 +72,9 @@ class Callable : public Counted {
   /// A value that holds this very callable.
   Value asValue() const;
 };
+
+inline const Callable* Value::callable() const noexcept {
+  return as<const Callable>(Tag::callable);
+}
 
 }  // namespace velto

@@ -49,7 +49,7 @@ class Dictionary final : public Mapping {
   void rebuildTable(std::size_t slots);
 
   std::vector<Entry> entries_;
-  std::vector<Int> hashes_;            // of the entries' keys
+  std::vector<Int> hashes_;           // of the entries' keys
   std::vector<std::uint32_t> table_;  // open addressing: 0, or 1 + the index of an entry; empty while few
 };
 
@@ -68,5 +68,9 @@ class HostDictionary final : public Mapping {
  private:
   std::vector<Entry> entries_;
 };
+
+inline const Dictionary* Value::dictionary() const noexcept {
+  return as<const Dictionary>(Tag::dictionary);
+}
 
 }  // namespace velto

@@ -13,10 +13,6 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// A record whose own public members are described by `BOOST_DESCRIBE_STRUCT` or `BOOST_DESCRIBE_CLASS`.
-template <typename T>
-concept Described = boost::describe::has_describe_members<T>::value && !std::is_union_v<T>;
-
 /// A name of a property and how to read it from a record: a pointer to a member, or a function.
 template <typename T>
 struct Property {
@@ -36,7 +32,7 @@ template <Described T>
 const Properties<T>& describedProperties() {
   static const Properties<T> properties = [] {
     Properties<T> result;
-    using Members = boost::describe::describe_members<T, boost::describe::mod_public>;
+    using Members = boost::describe::describe_members<T, boost::describe::mod_any_access>;
     boost::mp11::mp_for_each<Members>([&](auto member) { result.emplace_back(String(member.name), member.pointer); });
     return result;
   }();
@@ -45,25 +41,33 @@ const Properties<T>& describedProperties() {
 
 /// An object over a record of type `T`, which it shares with the host.
 template <typename T>
-class HostObject final : public Object {
+class HostObject : public Object {
  public:
   HostObject(std::shared_ptr<const T> record, const Properties<T>* properties) noexcept
       : record_(std::move(record)), properties_(properties) {}
   HostObject(std::shared_ptr<const T> record, Properties<T> properties)
       : record_(std::move(record)), own_(std::move(properties)), properties_(&own_) {}
+  HostObject(const HostObject&) = delete;
+  HostObject& operator=(const HostObject&) = delete;
 
   const T& record() const noexcept { return *record_; }
 
   /// What the record's own `description()` says, otherwise its type and properties: "Point(x: 1, y: 2)".
   String objectDescription() const override {
-    if constexpr (requires { { record_->description() } -> std::convertible_to<String>; }) {
+    if constexpr (requires {
+                    { record_->description() } -> std::convertible_to<String>;
+                  }) {
       return record_->description();
     } else {
       return described();
     }
   }
 
-  String typeName() const override { return unqualifiedTypeName(typeid(T)); }
+  /// Of the record's own class, where it is shared under the name of a base.
+  String typeName() const override {
+    const T& record = *record_;
+    return unqualifiedTypeName(typeid(record));
+  }
 
  protected:
   std::optional<HostValue> child(const String& name) const override {
@@ -98,8 +102,7 @@ Ref<const Object> object(const T& record) {
 /// A described record as an object that shares it with the host and shows its current state.
 template <Described T>
 Ref<const Object> object(std::shared_ptr<T> record) {
-  return makeRef<HostObject<std::remove_const_t<T>>>(std::move(record),
-                                                     &describedProperties<std::remove_const_t<T>>());
+  return makeRef<HostObject<std::remove_const_t<T>>>(std::move(record), &describedProperties<std::remove_const_t<T>>());
 }
 
 /// A record as an object by a table of its properties.
@@ -108,9 +111,13 @@ Ref<const Object> object(const T& record, Properties<T> properties) {
   return makeRef<HostObject<T>>(std::make_shared<const T>(record), std::move(properties));
 }
 
-/// Described records become objects wherever a host value is taken.
 template <Described T>
 Ref<const Object> asObject(const T& record) {
+  return object(record);
+}
+
+template <Described T>
+Ref<const Object> asObject(const std::shared_ptr<T>& record) {
   return object(record);
 }
 

@@ -32,4 +32,12 @@ class CountableClosedRange final : public Object {
   String typeName() const override { return "CountableClosedRange"; }
 };
 
+inline const CountableRange* Value::openRange() const noexcept {
+  return as<const CountableRange>(Tag::openRange);
+}
+
+inline const CountableClosedRange* Value::closedRange() const noexcept {
+  return as<const CountableClosedRange>(Tag::closedRange);
+}
+
 }  // namespace velto

@@ -27,12 +27,14 @@ class NativeFunction final : public Callable {
   String name() const override { return name_; }
   std::span<const Label> labels() const noexcept override { return labels_; }
   void setLabels(std::array<Label, count> labels) { labels_ = std::move(labels); }
+  const Closure& closure() const noexcept { return closure_; }
 
   /// Arguments behind the last parameter are ignored.
   Value call(Interpreter&, Arguments arguments, const ReportError&) const override {
     return [&]<std::size_t... indices>(std::index_sequence<indices...>) {
       return closure_(arguments[indices]...);
-    }(std::make_index_sequence<count>());
+    }
+    (std::make_index_sequence<count>());
   }
 
  private:

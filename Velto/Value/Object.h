@@ -22,8 +22,8 @@ class Object : public Counted {
   /// The unqualified name of the object's own type, without template arguments: what `is` compares with.
   virtual String typeName() const;
 
-  /// The stored property `name`, if it is an object, a boolean, an `Int` or a `double`; nothing for all else, a `float`,
-  /// a `Value` and a callable included.
+  /// The stored property `name`, if it is an object, a boolean, an `Int` or a `double`; nothing for all else, a
+  /// `float`, a `Value` and a callable included.
   std::optional<Value> getFromMirror(const String& name) const;
 
   /// A value that holds this very object.

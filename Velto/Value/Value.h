@@ -5,12 +5,21 @@
 #include <initializer_list>
 #include <optional>
 #include <span>
+#include <type_traits>
 #include <utility>
 
 #include "Velto/Platform/Ref.h"
 #include "Velto/Platform/String.h"
 
 namespace [[gnu::visibility("default")]] velto {
+
+template <typename T, typename... Others>
+concept OneOf = (std::same_as<T, Others> || ...);
+
+/// The types of the host that become numbers: neither `bool` nor a character.
+template <typename T>
+concept Numeric = std::floating_point<T> ||
+    (std::integral<T> && !OneOf<T, bool, char, wchar_t, char8_t, char16_t, char32_t>);
 
 /// A boolean, a number (a 64-bit float), an object, a callable, `nil`, or the state of a variable that was declared
 /// without a value. Copies share what they hold; nothing in the language changes an object in place.
@@ -26,13 +35,15 @@ class Value {
   Value(std::nullptr_t) noexcept : Value() {}
   template <std::same_as<bool> T>
   Value(T boolean) noexcept : tag_(Tag::boolean), boolean_(boolean) {}
-  template <typename T>
-    requires((std::integral<T> && !std::same_as<T, bool>) || std::floating_point<T>)
+  template <Numeric T>
   Value(T number) noexcept : tag_(Tag::number), number_(static_cast<double>(number)) {}
   Value(String text) noexcept : tag_(Tag::string), string_(std::move(text)) {}
   Value(const char* text) : Value(String(text)) {}
   Value(const std::string& text) : Value(String(text)) {}
   Value(std::string_view text) : Value(String(text)) {}
+  Value(Character character);
+  template <OneOf<char, char32_t> T>
+  Value(T scalar) : Value(textOf(scalar)) {}
   Value(Ref<const Array> array) noexcept;
   Value(Array array);
   Value(Ref<const Dictionary> dictionary) noexcept;
@@ -42,11 +53,9 @@ class Value {
   /// Any object; one of the kinds above is recognised.
   Value(Ref<const Object> object) noexcept;
   Value(Ref<const Callable> callable) noexcept;
-  template <typename T>
-    requires std::derived_from<T, Object>
-  Value(const Ref<T>& object) noexcept : Value(Ref<const Object>(object)) {}
-  template <typename T>
-    requires std::derived_from<T, Callable>
+  template <std::derived_from<Object> T>
+  Value(const Ref<T>& object) noexcept : Value(Ref<const Recognised<T>>(object)) {}
+  template <std::derived_from<Callable> T>
   Value(const Ref<T>& callable) noexcept : Value(Ref<const Callable>(callable)) {}
 
   static Value nil() noexcept { return {}; }
@@ -74,11 +83,12 @@ class Value {
   const bool* boolean() const noexcept { return tag_ == Tag::boolean ? &boolean_ : nullptr; }
   const double* number() const noexcept { return tag_ == Tag::number ? &number_ : nullptr; }
   const String* string() const noexcept { return tag_ == Tag::string ? &string_ : nullptr; }
-  const Array* array() const noexcept { return as<const Array>(Tag::array); }
-  const Dictionary* dictionary() const noexcept { return as<const Dictionary>(Tag::dictionary); }
-  const CountableRange* openRange() const noexcept { return as<const CountableRange>(Tag::openRange); }
-  const CountableClosedRange* closedRange() const noexcept { return as<const CountableClosedRange>(Tag::closedRange); }
-  const Callable* callable() const noexcept { return as<const Callable>(Tag::callable); }
+  // Each stands in the header of its type.
+  inline const Array* array() const noexcept;
+  inline const Dictionary* dictionary() const noexcept;
+  inline const CountableRange* openRange() const noexcept;
+  inline const CountableClosedRange* closedRange() const noexcept;
+  inline const Callable* callable() const noexcept;
   /// The object, whatever its kind, but for a string.
   const Object* object() const noexcept;
 
@@ -101,16 +111,34 @@ class Value {
 
   /// Agrees with `==`; salted by the process.
   Int hashValue() const;
+  /// The salts of the process.
+  struct Hash;
 
   friend bool operator==(const Value& left, const Value& right);
 
  private:
   enum class Tag : std::uint8_t {
-    nil, uninitialized, boolean, number, string, array, dictionary, openRange, closedRange, object, callable
+    nil,
+    uninitialized,
+    boolean,
+    number,
+    string,
+    array,
+    dictionary,
+    openRange,
+    closedRange,
+    object,
+    callable
   };
 
-  Value(Tag tag, Ref<const Counted> shared) noexcept : tag_(tag), shared_(std::move(shared)) {}
+  /// The kind of object that a type tells, without a look at the object.
+  template <typename T>
+  using Recognised = std::conditional_t<OneOf<T, Array, Dictionary, CountableRange, CountableClosedRange>, T, Object>;
 
+  /// An empty `shared` gives `nil`.
+  Value(Tag tag, Ref<const Counted> shared) noexcept;
+
+  static String textOf(char32_t scalar);
   template <typename T>
   T* as(Tag tag) const noexcept;
   void letGo() noexcept;
@@ -125,6 +153,9 @@ class Value {
 };
 
 static_assert(sizeof(Value) == 16);
+
+// Declared once more for the linker: a friend alone doesn't take part in the visibility of its namespace.
+bool operator==(const Value& left, const Value& right);
 
 /// What a number prints as: the C format "%g", with "nan" for every NaN.
 String numberDescription(double number);

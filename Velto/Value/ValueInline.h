@@ -3,6 +3,8 @@
 
 #include <new>
 
+#include "Velto/Value/Value.h"
+
 namespace [[gnu::visibility("default")]] velto {
 
 inline Value Value::uninitialized() noexcept {

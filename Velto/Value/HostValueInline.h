@@ -1,0 +1,100 @@
+// How a host value is told by its C++ type; included by HostValue.h alone.
+#pragma once
+
+#include "Velto/Value/HostValue.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+namespace hostkind {
+
+/// An object or a function that the host holds by value.
+template <typename T>
+concept Held = (std::derived_from<T, Object> || std::derived_from<T, Callable>)&&std::copy_constructible<T>;
+
+/// A range that isn't its own element, as a path is.
+template <typename T>
+concept Range = std::ranges::input_range<const T&> && !std::same_as<std::ranges::range_value_t<const T&>, T>;
+
+template <typename T>
+concept RangeOfPairs = Range<T> && requires(const std::ranges::range_value_t<const T&>& element) {
+  typename std::ranges::range_value_t<const T&>::first_type;
+  element.first;
+  element.second;
+};
+
+}  // namespace hostkind
+
+template <typename T>
+HostValue::Content HostValue::contentOf(const T& host) {
+  if constexpr (std::same_as<T, HostValue>) {
+    return host.content_;
+  } else if constexpr (std::same_as<T, Value> || std::same_as<T, bool> || std::same_as<T, float>) {
+    return host;
+  } else if constexpr (std::floating_point<T>) {
+    return static_cast<double>(host);
+  } else if constexpr (OneOf<T, char, char32_t>) {
+    return *Value(host).string();
+  } else if constexpr (std::integral<T>) {
+    // Too large for an `Int`, it can only be a number.
+    return static_cast<Int>(host) < 0 && host > 0 ? Content(static_cast<double>(host)) : static_cast<Int>(host);
+  } else if constexpr (hostkind::Held<T>) {
+    return contentOf(makeRef<const T>(host));
+  } else if constexpr (HasObjectForm<T>) {
+    return contentOf(Ref<const Object>(asObject(host)));
+  } else if constexpr (std::convertible_to<const T&, String>) {
+    return String(host);
+  } else if constexpr (std::convertible_to<const T&, std::string>) {
+    return String(static_cast<std::string>(host));
+  } else if constexpr (hostkind::RangeOfPairs<T>) {
+    return entriesOf(host);
+  } else if constexpr (hostkind::Range<T>) {
+    return elementsOf(host);
+  } else {
+    return Unknown{unqualifiedTypeName(typeid(host))};
+  }
+}
+
+template <typename T>
+HostValue::Content HostValue::contentOf(const std::optional<T>& host) {
+  return host ? contentOf(*host) : Content();
+}
+
+template <typename T>
+requires(!std::is_void_v<T>) HostValue::Content HostValue::contentOf(const std::shared_ptr<T>& host) {
+  if (!host) return {};
+  if constexpr (HasObjectForm<std::shared_ptr<T>>) {
+    return contentOf(Ref<const Object>(asObject(host)));
+  } else {
+    return contentOf(*host);
+  }
+}
+
+template <typename T>
+requires std::derived_from<T, Object> HostValue::Content HostValue::contentOf(const Ref<T>& host) {
+  return host ? Content(Ref<const Object>(host)) : Content();
+}
+
+template <typename T>
+requires std::derived_from<T, Callable> HostValue::Content HostValue::contentOf(const Ref<T>& host) {
+  return host ? Content(Ref<const Callable>(host)) : Content();
+}
+
+inline HostValue::Content HostValue::contentOf(const char* const& host) {
+  return host ? Content(String(host)) : Content();
+}
+
+template <typename T>
+HostValue::Content HostValue::entriesOf(const T& host) {
+  Entries entries;
+  for (const auto& entry : host) entries.emplace_back(HostValue(entry.first), HostValue(entry.second));
+  return std::make_shared<const Entries>(std::move(entries));
+}
+
+template <typename T>
+HostValue::Content HostValue::elementsOf(const T& host) {
+  Elements elements;
+  for (const auto& element : host) elements.emplace_back(element);
+  return std::make_shared<const Elements>(std::move(elements));
+}
+
+}  // namespace velto

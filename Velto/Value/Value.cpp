@@ -1,0 +1,153 @@
+// How values are made, what they answer and how they print.
+#include "Velto/Value/Value.h"
+
+#include <algorithm>
+
+#include "Velto/Platform/Character.h"
+#include "Velto/Platform/Fatal.h"
+#include "Velto/Value/Array.h"
+#include "Velto/Value/Callable.h"
+#include "Velto/Value/Dictionary.h"
+#include "Velto/Value/IntegerRange.h"
+#include "Velto/Value/MetaType.h"
+#include "Velto/Value/StringMember.h"
+
+namespace velto {
+
+namespace {
+
+/// The same object as one of the kinds with a meaning of their own: an empty array or dictionary of whatever the host
+/// holds counts as one of values.
+Ref<const Object> normalized(Ref<const Object> object) {
+  const auto* sequence = dynamic_cast<const Sequence*>(object.get());
+  if (sequence && sequence->size() == 0) return makeRef<const Array>();
+  const auto* mapping = dynamic_cast<const Mapping*>(object.get());
+  if (mapping && mapping->size() == 0) return makeRef<const Dictionary>();
+  return object;
+}
+
+}  // namespace
+
+Value::Value(Tag tag, Ref<const Counted> shared) noexcept : tag_(tag), shared_(std::move(shared)) {
+  if (!shared_) *this = nil();
+}
+
+Value::Value(Character character) : Value(String::fromWellFormed(character.text())) {
+}
+
+Value::Value(Ref<const Array> array) noexcept : Value(Tag::array, std::move(array)) {
+}
+
+Value::Value(Array array) : Value(makeRef<const Array>(std::move(array))) {
+}
+
+Value::Value(Ref<const Dictionary> dictionary) noexcept : Value(Tag::dictionary, std::move(dictionary)) {
+}
+
+Value::Value(Dictionary dictionary) : Value(makeRef<const Dictionary>(std::move(dictionary))) {
+}
+
+Value::Value(Ref<const CountableRange> range) noexcept : Value(Tag::openRange, std::move(range)) {
+}
+
+Value::Value(Ref<const CountableClosedRange> range) noexcept : Value(Tag::closedRange, std::move(range)) {
+}
+
+Value::Value(Ref<const Object> object) noexcept : Value(Tag::object, normalized(std::move(object))) {
+  const Object* held = this->object();
+  if (dynamic_cast<const Array*>(held)) tag_ = Tag::array;
+  if (dynamic_cast<const Dictionary*>(held)) tag_ = Tag::dictionary;
+  if (dynamic_cast<const CountableRange*>(held)) tag_ = Tag::openRange;
+  if (dynamic_cast<const CountableClosedRange*>(held)) tag_ = Tag::closedRange;
+}
+
+Value::Value(Ref<const Callable> callable) noexcept : Value(Tag::callable, std::move(callable)) {
+}
+
+Value Value::arrayLiteral(std::initializer_list<Value> elements) {
+  return Array(elements);
+}
+
+Value Value::dictionaryLiteral(std::initializer_list<std::pair<Value, Value>> pairs) {
+  Dictionary result;
+  for (const auto& [key, value] : pairs) {
+    if (result.find(key)) fatalError(String::concatenation({"Duplicate values for key: '", key.description(), "'"}));
+    result.set(key, value);
+  }
+  return result;
+}
+
+void Value::letGo() noexcept {
+  if (tag_ == Tag::string) {
+    string_.~String();
+  } else {
+    shared_.~Ref();
+  }
+}
+
+Value::Case Value::kind() const noexcept {
+  switch (tag_) {
+    case Tag::nil:
+      return Case::nil;
+    case Tag::uninitialized:
+      return Case::uninitialized;
+    case Tag::boolean:
+      return Case::boolean;
+    case Tag::number:
+      return Case::number;
+    case Tag::callable:
+      return Case::callable;
+    default:
+      return Case::object;
+  }
+}
+
+const Object* Value::object() const noexcept {
+  return isObject() && tag_ != Tag::string ? static_cast<const Object*>(shared_.get()) : nullptr;
+}
+
+std::optional<Value> Value::get(const String& name) const {
+  if (tag_ == Tag::string) return stringMember(string_, name);
+  return isObject() ? object()->get(name) : std::nullopt;
+}
+
+String Value::objectDescription() const {
+  if (tag_ == Tag::string) return string_;
+  return isObject() ? object()->objectDescription() : String();
+}
+
+String Value::description() const {
+  switch (tag_) {
+    case Tag::nil:
+      return "nil";
+    case Tag::uninitialized:
+      return "<uninitialized>";
+    case Tag::boolean:
+      return boolean_ ? "true" : "false";
+    case Tag::number:
+      return numberDescription(number_);
+    case Tag::callable:
+      return String::concatenation({"<callable arity ", decimal(callable()->arity()), ">"});
+    default:
+      return objectDescription();
+  }
+}
+
+bool Value::isOf(const MetaType& type) const {
+  return MetaType::of(*this) == type;
+}
+
+bool Value::verify(const Value& value) {
+  if (const Array* array = value.array()) return std::ranges::all_of(array->elements(), verify);
+  if (const Dictionary* dictionary = value.dictionary()) {
+    return std::ranges::all_of(dictionary->entries(),
+                               [](const Dictionary::Entry& entry) { return verify(entry.key) && verify(entry.value); });
+  }
+  return !dynamic_cast<const Sequence*>(value.object()) && !dynamic_cast<const Mapping*>(value.object());
+}
+
+String Value::textOf(char32_t scalar) {
+  return StringBuilder().appendScalar(scalar).view();  // checked: a surrogate is no text
+}
+
+}  // namespace velto

@@ -1,0 +1,94 @@
+// Dictionaries against a plain list of entries.
+#include "Velto/Value/Dictionary.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+#include "tests/unit/Value/Calls.h"
+
+namespace velto {
+namespace {
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+TEST(Dictionary, AReplacedValueKeepsTheFirstKeyAndItsPlace) {
+  Dictionary dictionary;
+  dictionary.set("e\u0301", 1);
+  dictionary.set("b", 2);
+  dictionary.set("\u00E9", 3);
+  ASSERT_EQ(dictionary.size(), 2u);
+  EXPECT_EQ(dictionary.entries()[0].key.string()->view(), "e\u0301");
+  EXPECT_EQ(dictionary.entries()[0].value, Value(3));
+  EXPECT_EQ(dictionary.printed(1), String("b: 2"));
+}
+
+TEST(Dictionary, KeysAreFoundByEquality) {
+  Dictionary dictionary;
+  dictionary.set(1, "one");
+  dictionary.set(0.0, "zero");
+  dictionary.set(true, "true");
+  dictionary.set("1", "text");
+  EXPECT_EQ(*dictionary.find(1.0), Value("one"));
+  EXPECT_EQ(*dictionary.find(-0.0), Value("zero"));
+  EXPECT_EQ(*dictionary.find(true), Value("true"));
+  EXPECT_EQ(*dictionary.find("1"), Value("text"));
+  EXPECT_FALSE(dictionary.find(2));
+  EXPECT_FALSE(dictionary.find(nullptr));
+}
+
+TEST(Dictionary, NaNIsInsertedEachTimeAndNeverFound) {
+  for (const int count : {3, 100}) {
+    Dictionary dictionary;
+    for (int index = 0; index < count; ++index) dictionary.set(nan, index);
+    EXPECT_EQ(dictionary.size(), static_cast<std::size_t>(count));
+    EXPECT_FALSE(dictionary.find(nan));
+  }
+}
+
+/// The same operations on a dictionary and on a list that is searched from its start.
+void compareWithList(int distinctKeys, int operations, bool reserves) {
+  std::mt19937 generator(7);
+  Dictionary dictionary;
+  if (reserves) dictionary.reserve(static_cast<std::size_t>(distinctKeys));
+  std::vector<Dictionary::Entry> list;
+  for (int count = 0; count < operations; ++count) {
+    const int number = static_cast<int>(generator() % static_cast<unsigned>(distinctKeys));
+    const Value key = number % 2 == 0 ? Value(number) : Value(decimal(number));
+    const auto place = std::ranges::find(list, key, &Dictionary::Entry::key);
+    if (place == list.end()) {
+      list.push_back({key, count});
+    } else {
+      place->value = count;
+    }
+    dictionary.set(key, count);
+  }
+  ASSERT_EQ(dictionary.size(), list.size());
+  for (std::size_t index = 0; index < list.size(); ++index) {
+    EXPECT_EQ(dictionary.entries()[index].key, list[index].key);
+    EXPECT_EQ(dictionary.entries()[index].value, list[index].value);
+    EXPECT_EQ(*dictionary.find(list[index].key), list[index].value);
+  }
+  EXPECT_FALSE(dictionary.find("missing"));
+}
+
+TEST(Dictionary, HoldsWhatAListHolds) {
+  for (const int distinctKeys : {1, 7, 8, 9, 10, 16, 17, 100, 1000}) {
+    compareWithList(distinctKeys, distinctKeys * 3, false);
+    compareWithList(distinctKeys, distinctKeys * 3, true);
+  }
+}
+
+TEST(Dictionary, ACopyIsADictionaryOfItsOwn) {
+  Dictionary first;
+  first.set("a", 1);
+  Dictionary second = first;
+  second.set("a", 2);
+  second.set("b", 3);
+  EXPECT_EQ(first.objectDescription(), String("[a: 1]"));
+  EXPECT_EQ(second.objectDescription(), String("[a: 2, b: 3]"));
+}
+
+}  // namespace
+}  // namespace velto

@@ -1,0 +1,84 @@
+// Numbers as the language and as the host print them, against the C library.
+#include "Velto/Value/NumberText.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+
+#include "Velto/Value/Value.h"
+#include "tests/unit/Value/Calls.h"
+
+namespace velto {
+namespace {
+
+std::string formatted(const char* format, double number) {
+  char text[64];
+  std::snprintf(text, sizeof text, format, number);
+  return text;
+}
+
+void expectLikeC(double number) {
+  EXPECT_EQ(numberDescription(number).view(), formatted("%g", number)) << formatted("%a", number);
+}
+
+TEST(NumberDescription, IsThatOfCForAllSmallIntegersAndAroundTheLimit) {
+  for (int number = -2000; number <= 2000; ++number) expectLikeC(number);
+  for (int number = 998000; number <= 1002000; ++number) {
+    expectLikeC(number);
+    expectLikeC(-number);
+  }
+}
+
+TEST(NumberDescription, IsThatOfCForFractionsAndPowersOfTen) {
+  for (int exponent = -320; exponent <= 308; ++exponent) {
+    for (const double factor : {1.0, 1.5, 9.99999, 9.999994, 9.999995, 9.9999999, -1.0, -2.5}) {
+      expectLikeC(factor * std::pow(10.0, exponent));
+    }
+  }
+  for (int eighth = -8000; eighth <= 8000; ++eighth) expectLikeC(eighth / 8.0);
+}
+
+TEST(NumberDescription, IsThatOfCForRandomBits) {
+  std::mt19937_64 generator(20240229);
+  for (int count = 0; count < 200000; ++count) {
+    const double number = std::bit_cast<double>(generator());
+    if (!std::isnan(number)) expectLikeC(number);
+  }
+}
+
+TEST(HostDescription, ShowsThatItIsAFloat) {
+  struct Row {
+    double number;
+    const char* text;
+  };
+  const Row rows[] = {
+      {0, "0.0"},
+      {-0.0, "-0.0"},
+      {1, "1.0"},
+      {-20.5, "-20.5"},
+      {0.5, "0.5"},
+      {0.1, "0.1"},
+      {1.0 / 3, "0.333333333333333"},
+      {100000000000000, "100000000000000.0"},
+      {1e15, "1e+15"},
+      {123456789012345678.0, "1.23456789012346e+17"},
+      {1e-5, "1e-05"},
+      {std::numeric_limits<double>::infinity(), "inf"},
+      {-std::numeric_limits<double>::infinity(), "-inf"},
+      {std::numeric_limits<double>::quiet_NaN(), "nan"},
+  };
+  for (const Row& row : rows) EXPECT_EQ(hostDescription(row.number), String(row.text));
+}
+
+TEST(HostDescription, ShowsNoMoreDigitsThanA32BitFloatHas) {
+  EXPECT_EQ(hostDescription(0.1f), String("0.1"));
+  EXPECT_EQ(hostDescription(3.0f), String("3.0"));
+  EXPECT_EQ(hostDescription(1.0f / 3), String("0.333333"));
+}
+
+}  // namespace
+}  // namespace velto

@@ -1,0 +1,159 @@
+// Members of host records and of classes derived from `Object`.
+#include "Velto/Value/Object.h"
+
+#include <gtest/gtest.h>
+
+#include "Velto/Value/Array.h"
+#include "Velto/Value/MetaType.h"
+#include "tests/unit/Value/Calls.h"
+#include "tests/unit/Value/HostTypes.h"
+
+namespace velto {
+namespace {
+
+TEST(HostObject, ARecordShowsItsPropertiesAndNoOthers) {
+  const Value person = object(shop::Person{"Ann", 41});
+  EXPECT_EQ(person.get("name"), Value("Ann"));
+  EXPECT_EQ(person.get("age"), Value(41));
+  for (const char* name : {"", "Name", "name ", "name.size", "0", "description"})
+    EXPECT_FALSE(person.get(name)) << name;
+}
+
+TEST(HostObject, OnlyObjectsBooleansIntegersAndFloatsOf64BitsAreFound) {
+  const Value everything = object(shop::Everything());
+  struct Row {
+    const char* name;
+    std::optional<Value> value;
+  };
+  const Row rows[] = {
+      {"flag", Value(true)},
+      {"integer", Value(-3)},
+      {"small", Value(200)},
+      {"large", Value(9223372036854775808.0)},
+      {"real", Value(1.5)},
+      {"coordinate", Value(2.5)},
+      {"narrow", std::nullopt},
+      {"value", std::nullopt},
+      {"callable", std::nullopt},
+      {"tuple", std::nullopt},
+      {"present", Value(7)},
+      {"absent", std::nullopt},
+      {"presentFloat", std::nullopt},
+      {"nobody", std::nullopt},
+      {"values", Value::arrayLiteral({1, "b"})},
+      {"none", Value::arrayLiteral({})},
+      {"text", Value("text")},
+  };
+  for (const Row& row : rows) EXPECT_EQ(everything.get(row.name), row.value) << row.name;
+}
+
+TEST(HostObject, ObjectsAreFoundWithTheirOwnMembers) {
+  const Value everything = object(shop::Everything());
+  EXPECT_EQ(everything.get("person")->get("name"), Value("Ann"));
+  EXPECT_EQ(everything.get("shared")->get("name"), Value("Bob"));
+  EXPECT_EQ(everything.get("point")->get("y"), Value(2));
+  EXPECT_EQ(everything.get("numbers")->get("count"), Value(1));
+}
+
+TEST(HostObject, AnArrayOfHostTextsAnswersCountAndIsNoArrayOfValues) {
+  const Value names = *object(shop::Everything())->get("names");
+  EXPECT_TRUE(names.isObject());
+  EXPECT_FALSE(names.array());
+  EXPECT_EQ(names.get("count"), Value(2));
+}
+
+TEST(HostObject, MembersOfABaseClassAreNotSeen) {
+  const Value car = object(shop::Car());
+  EXPECT_EQ(car.get("doors"), Value(5));
+  EXPECT_FALSE(car.get("wheels"));
+  EXPECT_TRUE(car.isOf(MetaType("Car")));
+  EXPECT_FALSE(car.isOf(MetaType("Vehicle")));
+}
+
+TEST(HostObject, ADescribedPropertyIsSeenWhateverItsAccess) {
+  EXPECT_EQ(object(shop::Account(12))->get("balance_"), Value(12));
+}
+
+TEST(HostObject, PrintsByItsOwnDescriptionOrByItsProperties) {
+  EXPECT_EQ(object(shop::Account(12))->objectDescription(), String("an account"));
+  EXPECT_EQ(object(shop::Person{"Ann", 41})->objectDescription(), String("Person(name: Ann, age: 41)"));
+}
+
+TEST(HostObject, IsOfItsRecordsOwnClass) {
+  EXPECT_EQ(object(shop::Person())->typeName(), String("Person"));
+  const std::shared_ptr<shop::Unit> unit = std::make_shared<shop::SpecialUnit>();
+  EXPECT_EQ(object(unit)->typeName(), String("SpecialUnit"));
+}
+
+TEST(HostObject, ATableOfPropertiesIsWhatIsSearched) {
+  const Ref<const Object> person = object(
+      shop::Person{"Ann", 41},
+      {{"label", &shop::Person::name}, {"isAdult", [](const shop::Person& person) { return person.age >= 18; }}});
+  EXPECT_EQ(person->get("label"), Value("Ann"));
+  EXPECT_EQ(person->get("isAdult"), Value(true));
+  EXPECT_FALSE(person->get("name"));
+}
+
+TEST(HostObject, ASharedRecordShowsItsCurrentState) {
+  const auto person = std::make_shared<shop::Person>(shop::Person{"Ann", 41});
+  const Value value = object(person);
+  person->age = 42;
+  EXPECT_EQ(value.get("age"), Value(42));
+}
+
+/// Has one property, and a member of its own that forwards all other names.
+class Counter : public Object {
+ public:
+  std::optional<Value> get(const String& name) const override {
+    return name == "next" ? Value(count_ + 1) : getFromMirror(name);
+  }
+  String objectDescription() const override { return "counter"; }
+
+ protected:
+  std::optional<HostValue> child(const String& name) const override {
+    return name == "count" ? std::optional<HostValue>(count_) : std::nullopt;
+  }
+
+ private:
+  int count_ = 3;
+};
+
+/// Doesn't forward.
+class Silent final : public Counter {
+ public:
+  std::optional<Value> get(const String& name) const override {
+    return name == "only" ? std::optional<Value>(1) : std::nullopt;
+  }
+};
+
+class Plain final : public Object {
+ public:
+  String objectDescription() const override { return "plain"; }
+};
+
+TEST(Object, ItsOwnMembersGoBeforeThoseOfTheMirror) {
+  const Ref<const Object> counter = makeRef<Counter>();
+  EXPECT_EQ(counter->get("next"), Value(4));
+  EXPECT_EQ(counter->get("count"), Value(3));
+  EXPECT_FALSE(counter->get("other"));
+}
+
+TEST(Object, WithoutForwardingOnlyItsOwnMembersAreFound) {
+  const Ref<const Object> silent = makeRef<Silent>();
+  EXPECT_EQ(silent->get("only"), Value(1));
+  EXPECT_FALSE(silent->get("count"));
+}
+
+TEST(Object, HasNoPropertiesByDefault) {
+  EXPECT_FALSE(makeRef<Plain>()->get("anything"));
+}
+
+TEST(Object, AsValueHoldsTheVeryObject) {
+  const Ref<const Plain> plain = makeRef<Plain>();
+  EXPECT_EQ(plain->asValue().object(), plain.get());
+  EXPECT_EQ(plain->asValue().description(), String("plain"));
+  EXPECT_EQ(plain->typeName(), String("Plain"));
+}
+
+}  // namespace
+}  // namespace velto
