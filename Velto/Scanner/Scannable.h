@@ -19,8 +19,7 @@ class Scannable {
 
   /// Advances over the current element if there is one and the predicate holds for it.
   template <typename Predicate>
-    requires(!std::equality_comparable_with<Predicate, T>)
-  bool match(Predicate&& predicate) {
+  requires(!std::equality_comparable_with<Predicate, T>) bool match(Predicate&& predicate) {
     if (!peekMatch(predicate)) return false;
     self().advance();
     return true;
@@ -28,17 +27,15 @@ class Scannable {
 
   /// The same without moving.
   template <typename Predicate>
-    requires(!std::equality_comparable_with<Predicate, T>)
-  bool peekMatch(Predicate&& predicate) const {
+  requires(!std::equality_comparable_with<Predicate, T>) bool peekMatch(Predicate&& predicate) const {
     const auto current = self().current();
     return current && predicate(*current);
   }
 
   /// Advances over the current element if it equals one of `tokens`.
   template <typename... Tokens>
-  bool match(const Tokens&... tokens)
-    requires(sizeof...(Tokens) > 0 && (std::equality_comparable_with<Tokens, T> && ...))
-  {
+  bool match(const Tokens&... tokens) requires(sizeof...(Tokens) > 0 &&
+                                               (std::equality_comparable_with<Tokens, T> && ...)) {
     if (!peekMatch(tokens...)) return false;
     self().advance();
     return true;
@@ -47,8 +44,7 @@ class Scannable {
   /// The same without moving.
   template <typename... Tokens>
   bool peekMatch(const Tokens&... tokens) const
-    requires(sizeof...(Tokens) > 0 && (std::equality_comparable_with<Tokens, T> && ...))
-  {
+      requires(sizeof...(Tokens) > 0 && (std::equality_comparable_with<Tokens, T> && ...)) {
     const auto current = self().current();
     return current && ((*current == tokens) || ...);
   }

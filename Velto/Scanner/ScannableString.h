@@ -1,8 +1,10 @@
 // The cursor over source text, which keeps the line and the column.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "Velto/Platform/Character.h"
 #include "Velto/Platform/String.h"
@@ -10,6 +12,7 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
+/// Its elements are characters, that is, extended grapheme clusters; they view `string` and are good as long as it is.
 class ScannableString : public Scannable<ScannableString, Character> {
  public:
   explicit ScannableString(String string) noexcept : string(std::move(string)) {}
@@ -37,6 +40,11 @@ class ScannableString : public Scannable<ScannableString, Character> {
   /// Moves over `text` if the rest begins with its characters. The line stays, whatever `text` holds.
   bool matchString(std::string_view text);
   bool peekMatchString(std::string_view text) const noexcept;
+
+ private:
+  Character characterAt(std::size_t position) const noexcept;
+  /// Behind the characters of `text`, if the rest begins with them and there is a rest.
+  std::optional<std::size_t> endOfPrefix(std::string_view text) const noexcept;
 };
 
 }  // namespace velto

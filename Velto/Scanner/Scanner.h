@@ -3,6 +3,9 @@
 
 #include <memory>
 #include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "Velto/Diagnostics/Logger.h"
@@ -11,8 +14,8 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Scans one source, once. In `template_` mode the source is text with code between "<%" and "%>", in `program` mode it is
-/// all code.
+/// Scans one source, once. In `template_` mode the source is text with code between "<%" and "%>", in `program` mode it
+/// is all code.
 class Scanner {
  public:
   using Token = velto::Token;
@@ -37,41 +40,60 @@ class Scanner {
   std::vector<Token> scanTokens();
 
  private:
+  struct Word {
+    TokenType type;
+    String lexeme;
+  };
+
   // Scanner.cpp: the frame, text and tags
   void scanStep();
   void scanText();
   void scanTagOpening();
   void scanTagComment();
-  void addToken(TokenType type, std::optional<Value> literal = std::nullopt);
+  bool isAtTagClosing() const noexcept;
+  void closeTag();
+  void addToken(TokenType type);
+  void addToken(TokenType type, Value literal);
+  std::string_view stepText() const noexcept;
+  String stepLexeme(TokenType type) const;
   [[noreturn]] void fail(const Range& range, String message);
 
   // ScannerCode.cpp: operators, numbers, words and comments
   void scanCode();
-  bool scanTwoCharacters(std::string_view second, TokenType both, TokenType first);
-  bool isTagMarker() const;
-  void scanMinus();
+  void scanOther(Character character);
+  void scanRightParen();
   void scanDot();
+  void scanMinus();
+  void scanSlash();
+  void scanLess();
+  void scanPercent(Character character);
+  void scanDoubled(Character character, TokenType type);
+  void scanWithEqual(TokenType with, TokenType without);
   void scanLineComment();
   void scanNumber();
+  void scanDigits();
   void scanWord();
   [[noreturn]] void failUnexpected(Character character);
 
   // ScannerStrings.cpp: string literals and interpolation
   void scanString();
-  void appendEscape(StringBuilder& value);
+  void openInterpolation(String piece);
+  void closeString(String piece);
+  std::string_view escape();
 
   ScannableString source_;
   Mode mode_;
   std::shared_ptr<Logger> logger_;
   String file_;
   std::vector<Token> tokens_;
-  std::size_t start_ = 0;
+  std::unordered_map<std::string_view, Word> words_;  // seen so far, so that equal words share their text
+  std::size_t start_ = 0;                             // the current step began here
   Int startLine_ = 1;
   Int startColumn_ = 1;
   bool isScanningCode_;
   Int parenLevel_ = 0;
-  std::optional<Cursor> stringStart_;                   // behind the opening quote of the literal in progress
-  std::optional<Int> stringInterpolationParenLevel_;    // one slot, so the innermost interpolation wins
+  std::optional<Cursor> stringStart_;                 // behind the opening quote of the literal in progress
+  std::optional<Int> stringInterpolationParenLevel_;  // one slot, so any closing quote forgets the interpolation
 };
 
 }  // namespace velto

@@ -1,9 +1,11 @@
 // What the scanner gives the rest of the system.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "Velto/Diagnostics/Range.h"
 #include "Velto/Value/Value.h"
@@ -19,14 +21,17 @@ enum class TokenType : std::uint8_t {
 /// The name of the case as users see it: "identifier", "break".
 std::string_view name(TokenType type) noexcept;
 
+/// The lexeme of the tokens of this type, shared by all of them; empty where each token has its own.
+const String& usualLexeme(TokenType type);
+
 /// The reserved words, each with its type.
 const std::unordered_map<String, TokenType>& keywords();
 
 /// One lexical unit.
 struct Token {
   TokenType type;
-  /// The source text from where the scanning step of this token began: a token that is added later in the same step than
-  /// another one shares its beginning.
+  /// The source text from where the scanning step of this token began: a token that is added later in the same step
+  /// than another one shares its beginning.
   String lexeme;
   /// What a number or string token stands for, absent for all others.
   std::optional<Value> literal;
@@ -35,7 +40,7 @@ struct Token {
   Token(TokenType type, String lexeme, std::optional<Value> literal, Range range) noexcept
       : type(type), lexeme(std::move(lexeme)), literal(std::move(literal)), range(std::move(range)) {}
   Token(TokenType type, String lexeme, Range range) noexcept
-      : Token(type, std::move(lexeme), std::nullopt, std::move(range)) {}
+      : type(type), lexeme(std::move(lexeme)), range(std::move(range)) {}
 
   /// The name of the type, a blank and the lexeme.
   String description() const;

@@ -24,8 +24,9 @@ class Unpacker {
  private:
   void unpackToken(const Token& token);
   void unpackText(const Token& token);
-  void emit(const Token& token, std::string_view text);
+  void emit(const Token& token, String text);
   void closeTag(const Token& token);
+  void closeTagCuttingNewline();
   void consume(TokenType type, std::string_view message);
   [[noreturn]] void fail(const Range& range, std::string_view message);
 

@@ -1,0 +1,211 @@
+// The cursors over arrays and over text.
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "Velto/Scanner/Scannable.h"
+#include "Velto/Scanner/ScannableString.h"
+
+namespace velto {
+namespace {
+
+std::string place(const ScannableString& source) {
+  return std::to_string(source.line) + ":" + std::to_string(source.column);
+}
+
+std::string currentText(const ScannableString& source) {
+  return std::string(source.current().value_or(Character("none")).text());
+}
+
+TEST(ScannableArray, OfNoElementsHasNone) {
+  const ScannableArray<int> none(std::vector<int>{});
+  EXPECT_TRUE(none.isAtEnd());
+  EXPECT_EQ(none.current(), nullptr);
+  EXPECT_EQ(none.next(), nullptr);
+  EXPECT_EQ(none.previous(), nullptr);
+}
+
+TEST(ScannableArray, LooksAroundTheCursor) {
+  ScannableArray<int> numbers({1, 2, 3});
+  EXPECT_EQ(numbers.index, 0);
+  EXPECT_EQ(numbers.previous(), nullptr);
+  EXPECT_EQ(numbers.advance(), 1);
+  EXPECT_EQ(*numbers.previous(), 1);
+  EXPECT_EQ(*numbers.current(), 2);
+  EXPECT_EQ(*numbers.next(), 3);
+  numbers.advance();
+  EXPECT_EQ(numbers.next(), nullptr);
+  numbers.advance();
+  EXPECT_TRUE(numbers.isAtEnd());
+  EXPECT_EQ(numbers.current(), nullptr);
+  EXPECT_EQ(*numbers.previous(), 3);
+}
+
+TEST(ScannableArray, MatchesElementsAndPredicates) {
+  ScannableArray<int> numbers({1, 2});
+  EXPECT_TRUE(numbers.peekMatch(1));
+  EXPECT_FALSE(numbers.match(2, 3));
+  EXPECT_EQ(numbers.index, 0);
+  EXPECT_TRUE(numbers.match(3, 1));
+  EXPECT_EQ(numbers.index, 1);
+  EXPECT_TRUE(numbers.peekMatch([](int number) { return number == 2; }));
+  EXPECT_FALSE(numbers.match([](int number) { return number == 1; }));
+  EXPECT_TRUE(numbers.match([](int number) { return number == 2; }));
+  EXPECT_TRUE(numbers.isAtEnd());
+}
+
+TEST(ScannableArray, AsksNoPredicateAtTheEnd) {
+  ScannableArray<int> none(std::vector<int>{});
+  const auto unexpected = [](int) -> bool { throw std::logic_error("asked"); };
+  EXPECT_FALSE(none.match(unexpected));
+  EXPECT_FALSE(none.peekMatch(unexpected));
+  EXPECT_FALSE(none.match(1));
+  EXPECT_FALSE(none.peekMatch(1));
+}
+
+TEST(ScannableArray, LetsPassWhatAPredicateThrows) {
+  ScannableArray<int> numbers({1});
+  EXPECT_THROW(numbers.match([](int) -> bool { throw std::logic_error("asked"); }), std::logic_error);
+  EXPECT_EQ(numbers.index, 0);
+}
+
+TEST(ScannableArrayDeathTest, StopsAtAStepOverTheEnd) {
+  ScannableArray<int> numbers({1});
+  numbers.advance();
+  EXPECT_DEATH(numbers.advance(), "fatal: ");
+}
+
+TEST(ScannableString, OfNoTextIsAtItsEnd) {
+  const ScannableString empty("");
+  EXPECT_TRUE(empty.isAtEnd());
+  EXPECT_FALSE(empty.current());
+  EXPECT_EQ(place(empty), "1:1");
+  EXPECT_EQ(empty.substring(), "");
+}
+
+TEST(ScannableString, CountsLinesAndColumns) {
+  ScannableString source("a\nb");
+  EXPECT_EQ(source.advance(), Character("a"));
+  EXPECT_EQ(place(source), "1:2");
+  EXPECT_EQ(source.advance(), Character("\n"));
+  EXPECT_EQ(place(source), "2:1");
+  EXPECT_EQ(source.advance(), Character("b"));
+  EXPECT_EQ(place(source), "2:2");
+  EXPECT_TRUE(source.isAtEnd());
+}
+
+TEST(ScannableString, TakesCarriageReturnAndLineFeedAsOneCharacterAndNoLineEnd) {
+  ScannableString source("a\r\nb");
+  source.advance();
+  EXPECT_FALSE(source.peekMatch(Character("\n")));
+  EXPECT_FALSE(source.peekMatch(Character("\r")));
+  EXPECT_EQ(source.advance(), Character("\r\n"));
+  EXPECT_EQ(place(source), "1:3");
+  EXPECT_EQ(currentText(source), "b");
+}
+
+TEST(ScannableString, StepsByGraphemeClusters) {
+  ScannableString source("e\u0301\U0001F469\u200D\U0001F680x");
+  EXPECT_EQ(source.advance().text(), "e\u0301");
+  EXPECT_EQ(source.advance().text(), "\U0001F469\u200D\U0001F680");
+  EXPECT_EQ(place(source), "1:3");
+  EXPECT_EQ(source.substring(), "x");
+}
+
+TEST(ScannableString, LooksAroundTheCursor) {
+  ScannableString source("ae\u0301\r\n");
+  EXPECT_EQ(source.next()->text(), "e\u0301");
+  source.advance();
+  EXPECT_EQ(source.previous()->text(), "a");
+  EXPECT_EQ(source.next()->text(), "\r\n");
+  source.advance();
+  EXPECT_EQ(source.previous()->text(), "e\u0301");
+  EXPECT_FALSE(source.next());
+  source.advance();
+  EXPECT_EQ(source.previous()->text(), "\r\n");
+}
+
+TEST(ScannableString, MatchesEquivalentCharacters) {
+  ScannableString source("e\u0301\u037E");
+  EXPECT_FALSE(source.match(Character("e")));
+  EXPECT_TRUE(source.match(Character("x"), Character("\u00E9")));
+  EXPECT_TRUE(source.match(Character(";")));
+  EXPECT_TRUE(source.isAtEnd());
+  EXPECT_FALSE(source.match(Character(";")));
+}
+
+TEST(ScannableString, MatchesTexts) {
+  ScannableString source("abc");
+  EXPECT_TRUE(source.peekMatchString("ab"));
+  EXPECT_EQ(source.column, 1);
+  EXPECT_TRUE(source.matchString("ab"));
+  EXPECT_EQ(source.column, 3);
+  EXPECT_EQ(currentText(source), "c");
+
+  ScannableString other("xab");
+  EXPECT_FALSE(other.matchString("ab"));
+  EXPECT_FALSE(other.peekMatchString("ab"));
+  EXPECT_EQ(other.column, 1);
+  EXPECT_EQ(other.index, 0u);
+  EXPECT_FALSE(other.matchString("xabc"));
+}
+
+TEST(ScannableString, MatchesTextsByCharacters) {
+  EXPECT_FALSE(ScannableString("\\(\u0301").peekMatchString("\\("));
+  EXPECT_FALSE(ScannableString("\r\n").peekMatchString("\r"));
+  EXPECT_TRUE(ScannableString("e\u0301x").peekMatchString("\u00E9"));
+  ScannableString source("\u00E9x");
+  EXPECT_TRUE(source.matchString("e\u0301"));
+  EXPECT_EQ(source.column, 2);
+  EXPECT_EQ(currentText(source), "x");
+}
+
+TEST(ScannableString, MatchingATextLeavesTheLine) {
+  ScannableString source("a\nb");
+  EXPECT_TRUE(source.matchString("a\n"));
+  EXPECT_EQ(place(source), "1:3");
+}
+
+TEST(ScannableString, MatchesTheEmptyTextAnywhereButAtTheEnd) {
+  ScannableString source("a");
+  EXPECT_TRUE(source.matchString(""));
+  EXPECT_EQ(source.column, 1);
+  source.advance();
+  EXPECT_FALSE(source.matchString(""));
+  EXPECT_FALSE(source.peekMatchString(""));
+}
+
+TEST(ScannableStringDeathTest, StopsBeyondTheText) {
+  ScannableString source("a");
+  EXPECT_DEATH(source.previous(), "fatal: ");
+  source.advance();
+  EXPECT_DEATH(source.advance(), "fatal: ");
+  EXPECT_DEATH(source.next(), "fatal: ");
+}
+
+TEST(ScannableString, TellsDigits) {
+  for (const char* digit : {"0", "5", "9", "3\u0301"}) EXPECT_TRUE(Character(digit).isDigit()) << digit;
+  for (const char* other : {"a", "/", ":", "9\u0301", "\u0663", "\uFF13"}) {
+    EXPECT_FALSE(Character(other).isDigit()) << other;
+  }
+}
+
+TEST(ScannableString, TellsWhatAWordIsMadeOf) {
+  for (const char* start : {"a", "Z", "_", "\u00E9", "\u200B", "\u540D", "\U0001F600"}) {
+    EXPECT_TRUE(Character(start).isValidIdentifierStart()) << start;
+    EXPECT_TRUE(Character(start).isValidIdentifierContinuation()) << start;
+  }
+  for (const char* continuation : {"0", "9", "e\u0301"}) {
+    EXPECT_FALSE(Character(continuation).isValidIdentifierStart()) << continuation;
+    EXPECT_TRUE(Character(continuation).isValidIdentifierContinuation()) << continuation;
+  }
+  for (const char* other : {" ", "-", "\u00A0", "#", "\r\n", "-\u0301"}) {
+    EXPECT_FALSE(Character(other).isValidIdentifierStart()) << other;
+    EXPECT_FALSE(Character(other).isValidIdentifierContinuation()) << other;
+  }
+}
+
+}  // namespace
+}  // namespace velto
