@@ -6,16 +6,23 @@
 #include <utility>
 #include <vector>
 
+#include "Velto/Parser/TreeNode.h"
 #include "Velto/Platform/Uuid.h"
 #include "Velto/Scanner/Token.h"
 
 namespace [[gnu::visibility("default")]] velto {
 
+/// One of the records below, told by its `accept`.
+template <typename Record>
+concept ExpressionRecord =
+    !std::same_as<Record, Expression> && requires(const Record& record, ExpressionVisitor& visitor) {
+  record.accept(visitor);
+};
+
 /// Any expression record, shared and immutable; a copy of the handle, like a copy of the record, keeps the `id`.
 class Expression {
  public:
-  template <typename Record>
-    requires(!std::same_as<std::remove_cvref_t<Record>, Expression>)
+  template <ExpressionRecord Record>
   Expression(Record record) : node_(makeRef<const Box<Record>>(std::move(record))) {}
 
   /// The node's identity, drawn at the construction of the record.
@@ -32,7 +39,7 @@ class Expression {
   }
 
  private:
-  struct Node : Counted {
+  struct Node : TreeNode {
     virtual const Uuid& id() const noexcept = 0;
     virtual const Range& range() const noexcept = 0;
     virtual void accept(ExpressionVisitor& visitor) const = 0;

@@ -1,7 +1,6 @@
-// Tokens into statements: recursive descent, one private operation for each rule of the grammar.
+// Tokens into statements, by recursive descent.
 #pragma once
 
-#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string_view>
@@ -28,31 +27,42 @@ class Parser {
   bool hadError() const noexcept { return hadError_; }
 
  private:
-  // Parser.cpp: the frame, errors and recovery
-  void parseInto(Statements& body);
-  Statements body(std::initializer_list<TokenType> stops);
-  bool isAt(std::initializer_list<TokenType> types) const noexcept;
-  bool match(std::initializer_list<TokenType> types);
-  const Token& previous() const noexcept { return *tokens_.previous(); }
-  Token consume(TokenType type, std::string_view message);
-  void synchronize();
-  [[noreturn]] void fail(const Range& range, String message);
-  void guardDepth();
+  using Types = std::initializer_list<TokenType>;
+  enum class Precedence;
 
-  // ParserStatements.cpp: declarations and statements
+  // Parser.cpp: the frame, errors and recovery
+  Statements body(Types stops);
+  void parseInto(Statements& body);
+  bool isAt(Types types) const noexcept;
+  bool match(Types types);
+  void matchSemicolon() { match({TokenType::semicolon}); }
+  const Token& previous() const noexcept { return *tokens_.previous(); }
+  const Token& consume(TokenType type, std::string_view message);
+  void synchronize();
+  void guardDepth();
+  Range place() const;
+  [[noreturn]] void failAtCurrent(std::string_view message);
+  [[noreturn]] void fail(const Range& range, String message);
+
+  // ParserStatements.cpp: declarations and simple statements
   Statement declaration();
   Statement functionDeclaration();
   std::vector<FunctionParameter> parameters();
   FunctionParameter parameter();
-  Statement variableDeclaration();
+  Statement variableDeclaration(const Token& keyword);
   Statement statement();
+  Statement breakStatement(const Token& keyword);
+  Statement continueStatement(const Token& keyword);
+  Statement includeStatement(const Token& keyword);
   Statement returnStatement(const Token& keyword);
+  std::optional<Expression> returnValue();
   Statement expressionBlock(const Token& marker);
   Statement expressionStatement();
   Statements block();
 
   // ParserBlocks.cpp: `if`, `for`, `while` and `switch`
   Statement ifStatement(const Token& keyword);
+  void elseBranch(If& node);
   Statement forStatement(const Token& keyword);
   Tuple loopVariables();
   Tuple tupleRest(const Token& paren);
@@ -62,32 +72,33 @@ class Parser {
   Case caseClause(const Token& keyword);
   Pattern pattern();
   Statements defaultClause();
+  Expression header();
 
-  // ParserExpressions.cpp: the ladder of precedence, loosest first
+  // ParserExpressions.cpp: assignment, operators by precedence, calls, primary expressions
   Expression expression() { return assignment(); }
   Expression assignment();
-  Expression logicalOr();
-  Expression logicalAnd();
-  Expression equality();
-  Expression comparison();
-  Expression typeCheck();
-  Expression rangeExpression();
-  Expression addition();
-  Expression multiplication();
+  Expression finishAssignment(const Expression& target, const Token& equals);
+  Expression operation(Precedence loosest);
+  static Precedence precedence(TokenType type) noexcept;
+  static Precedence nextTighter(Precedence level) noexcept;
+  Expression typeCheck(const Expression& instance, const Token& is);
   Expression unary();
+  Expression finishUnary(const Token& operator_, const Expression& right);
   Expression call();
   Expression finishCall(const Expression& callee, const Token& paren);
   Call::Argument argument();
+  Expression subscript(const Expression& subscriptee, const Token& bracket);
+  Expression member(const Expression& object, const Token& dot);
   Expression primary();
   Expression grouping(const Token& paren);
-  template <typename Record>
-  Expression leftAssociative(Expression (Parser::*operand)(), std::initializer_list<TokenType> operators);
 
-  // ParserLiterals.cpp: strings, arrays and dictionaries
+  // ParserLiterals.cpp: constants, strings, arrays and dictionaries
+  Expression numberLiteral(const Token& number);
   Expression stringLiteral(const Token& first);
+  Expression interpolatedString(const Token& first);
   Expression collectionLiteral(const Token& bracket);
-  Expression dictionaryRest(const Token& bracket, Expression firstKey);
-  Expression arrayRest(const Token& bracket, Expression first);
+  Expression dictionaryRest(const Token& bracket, const Expression& firstKey);
+  Expression arrayRest(const Token& bracket, const Expression& first);
 
   ScannableArray<Token> tokens_;
   std::shared_ptr<Logger> logger_;

@@ -11,11 +11,17 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
+/// One of the records below, told by its `accept`.
+template <typename Record>
+concept StatementRecord =
+    !std::same_as<Record, Statement> && requires(const Record& record, StatementVisitor& visitor) {
+  record.accept(visitor);
+};
+
 /// Any statement record, shared and immutable.
 class Statement {
  public:
-  template <typename Record>
-    requires(!std::same_as<std::remove_cvref_t<Record>, Statement>)
+  template <StatementRecord Record>
   Statement(Record record) : node_(makeRef<const Box<Record>>(std::move(record))) {}
 
   Range range() const { return node_->range(); }
@@ -30,7 +36,7 @@ class Statement {
   }
 
  private:
-  struct Node : Counted {
+  struct Node : TreeNode {
     virtual Range range() const = 0;
     virtual void accept(StatementVisitor& visitor) const = 0;
   };

@@ -1,0 +1,129 @@
+// Declarations and simple statements.
+#include <new>
+#include <unordered_set>
+
+#include "Velto/Parser/Parser.h"
+
+namespace velto {
+
+Statement Parser::declaration() {
+  guardDepth();
+  if (match({TokenType::func})) return functionDeclaration();
+  if (match({TokenType::var})) return variableDeclaration(previous());
+  return statement();
+}
+
+Statement Parser::functionDeclaration() {
+  const Token& name = consume(TokenType::identifier, "Expect function name.");
+  consume(TokenType::leftParen, "Expect '(' after function name.");
+  std::vector<FunctionParameter> declared = parameters();
+  consume(TokenType::rightParen, "Expect ')' after parameters.");
+  Statements statements = block();
+  return FunctionDeclaration{.range = spanning(name.range, previous().range),
+                             .name = name,
+                             .parameters = std::move(declared),
+                             .body = std::move(statements)};
+}
+
+/// Only names must differ; labels may repeat.
+std::vector<FunctionParameter> Parser::parameters() {
+  std::vector<FunctionParameter> declared;
+  if (isAt({TokenType::rightParen})) return declared;
+  std::unordered_set<String> names;
+  do {
+    declared.push_back(parameter());
+    const Token& name = declared.back().name;
+    if (!names.insert(name.lexeme).second) {
+      fail(name.range, String::concatenation({"Duplicate function parameters '", name.lexeme, "'."}));
+    }
+  } while (match({TokenType::comma}));
+  return declared;
+}
+
+/// One identifier alone is label and name, "_" is a label alone.
+FunctionParameter Parser::parameter() {
+  const Token& label =
+      match({TokenType::underscore}) ? previous() : consume(TokenType::identifier, "Expect parameter label.");
+  if (match({TokenType::identifier})) return {label, previous()};
+  if (label.type != TokenType::identifier) fail(label.range, "Expect parameter name.");
+  return {label, label};
+}
+
+Statements Parser::block() {
+  Statements statements = body({TokenType::end});
+  consume(TokenType::end, "Expect 'end' after block.");
+  return statements;
+}
+
+Statement Parser::variableDeclaration(const Token& keyword) {
+  const Token& name = consume(TokenType::identifier, "Expect variable name.");
+  std::optional<Expression> initializer;
+  if (match({TokenType::assign})) initializer = expression();
+  matchSemicolon();
+  const Range& end = initializer ? initializer->range() : name.range;
+  return VariableDeclaration{spanning(keyword.range, end), name, std::move(initializer)};
+}
+
+Statement Parser::statement() {
+  if (match({TokenType::verbatim})) return Verbatim{previous().range, previous().lexeme};
+  if (match({TokenType::break_})) return breakStatement(previous());
+  if (match({TokenType::continue_})) return continueStatement(previous());
+  if (match({TokenType::include})) return includeStatement(previous());
+  if (match({TokenType::return_})) return returnStatement(previous());
+  if (match({TokenType::expressionMarker})) return expressionBlock(previous());
+  if (match({TokenType::if_})) return ifStatement(previous());
+  if (match({TokenType::for_})) return forStatement(previous());
+  if (match({TokenType::while_})) return whileStatement(previous());
+  if (match({TokenType::switch_})) return switchStatement(previous());
+  return expressionStatement();
+}
+
+Statement Parser::breakStatement(const Token& keyword) {
+  matchSemicolon();
+  return Break{keyword};
+}
+
+Statement Parser::continueStatement(const Token& keyword) {
+  matchSemicolon();
+  return Continue{keyword};
+}
+
+Statement Parser::includeStatement(const Token& keyword) {
+  Expression file = expression();
+  matchSemicolon();
+  return Include{keyword, std::move(file)};
+}
+
+/// A value is always tried, unless a semicolon stands directly behind the keyword.
+Statement Parser::returnStatement(const Token& keyword) {
+  if (match({TokenType::semicolon})) return Return{keyword.range, keyword};
+  std::optional<Expression> value = returnValue();
+  const Range& end = value ? value->range() : keyword.range;
+  return Return{spanning(keyword.range, end), keyword, std::move(value)};
+}
+
+/// An error has been reported, but is none of the parse: the `return` stands without a value, and the tokens that were
+/// read stay read.
+std::optional<Expression> Parser::returnValue() {
+  try {
+    return expression();
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (...) {
+    return std::nullopt;
+  }
+}
+
+Statement Parser::expressionBlock(const Token& marker) {
+  Expression value = expression();
+  matchSemicolon();
+  return ExpressionBlock{spanning(marker.range, value.range()), value};
+}
+
+Statement Parser::expressionStatement() {
+  Expression value = expression();
+  matchSemicolon();
+  return ExpressionStatement{std::move(value)};
+}
+
+}  // namespace velto
