@@ -12,14 +12,13 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Names and values, with a link to the scope around. A scope is kept alive by `Interpreter::stack` and by each function
-/// that was declared in it, and by nothing else: the link is weak, and reads as absent once the outer scope has died. The
-/// forms that take a token report their failures and throw `VeltoError`, step `interpret`.
+/// Names and values, with a link to the scope around. A scope is kept alive by `Interpreter::stack` and by each
+/// function that was declared in it, and by nothing else: the link is weak, and reads as absent once the outer scope
+/// has died. The forms that take a token report their failures and throw `VeltoError`, step `interpret`.
 class Environment final : public WeaklyCounted {
  public:
   explicit Environment(std::shared_ptr<Logger> logger);
   Environment(Environment* enclosing, std::shared_ptr<Logger> logger);
-  ~Environment() override;
 
   const std::shared_ptr<Logger>& logger() const noexcept { return logger_; }
   /// Null in the outermost scope and when the outer scope has died.
@@ -44,8 +43,8 @@ class Environment final : public WeaklyCounted {
 
  private:
   void clear() noexcept override;
-  const Environment& ancestor(Int depth) const;
-  const Value* find(const String& name) const noexcept;
+  Environment& ancestor(Int depth) const;
+  Value* find(const String& name) const noexcept;
   [[noreturn]] void failUndefined(const Token& name) const;
 
   std::shared_ptr<Logger> logger_;

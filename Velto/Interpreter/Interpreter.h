@@ -10,6 +10,7 @@
 
 #include "Velto/Diagnostics/Logger.h"
 #include "Velto/Interpreter/Environment.h"
+#include "Velto/Interpreter/SurvivingScopes.h"
 #include "Velto/Library/Library.h"
 #include "Velto/Parser/Statement.h"
 #include "Velto/Platform/FileSystem.h"
@@ -19,9 +20,9 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Runs statements. Everything that lives for a run hangs from its interpreter, which belongs to one thread. A failure is
-/// reported to the logger and ends the innermost list that `interpret` runs; `break`, `continue` and `return` are tokens
-/// that travel outward until a loop, a call or `interpret` takes them.
+/// Runs statements. Everything that lives for a run hangs from its interpreter, which belongs to one thread. A failure
+/// is reported to the logger and ends the innermost list that `interpret` runs; `break`, `continue` and `return` are
+/// tokens that travel outward until a loop, a call or `interpret` takes them.
 class Interpreter final : public StatementVisitor, public ExpressionVisitor {
  public:
   /// Output of template text and expression blocks.
@@ -98,7 +99,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
 
  private:
   friend class Function;
-  class ScopeGuard;
+  class RunningList;
 
   // Interpreter.cpp: the frame
   Value evaluate(const Expression& expression);
@@ -106,18 +107,21 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void executeBlock(const Statements& statements);
   void executeBlock(const Statements& statements, Ref<Environment> environment);
   bool isLeaving() const noexcept { return breakToken_ || continueToken_ || returnToken_; }
+  Value takeReturnValue();
+  void interpretStatement(const Statement& statement);
   void reportStrayTokens();
   void reportStray(std::optional<Token>& token, std::string_view message);
   Environment& current() noexcept { return *stack_.back(); }
   [[noreturn]] void fail(const Range& range, String message);
 
   // InterpreterOperators.cpp: operators, literals, variables and assignment
-  bool areEqualForOperator(const Value& left, const Value& right, const Range& range);
+  bool areSame(const Value& left, const Value& right, const Range& range);
   bool areEqual(const Value& left, const Value& right, const Range& range);
   bool callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range);
-  Value arithmetic(const Token& operator_, double left, double right);
+  Value calculate(const Token& operator_, double left, double right);
   bool evaluateOperand(const Expression& operand, const Token& operator_);
   Value lookUpVariable(const Token& name, const Uuid& id);
+  Value readVariable(const Token& name, const Uuid& id);
   Value evaluateKey(const Expression& key, const Range& range);
 
   // InterpreterMembers.cpp: members and subscripts
@@ -135,7 +139,11 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   bool executeLoopBody(const Statements& body);
   void iterate(const For& node, const Value& sequence);
   void iterateIntegers(const For& node, Int lower, Int upper);
+  void iterateArray(const For& node, const Array& array);
+  void iterateDictionary(const For& node, const Dictionary& dictionary);
+  const Token& loopVariable(const For& node);
   bool matches(const Value& value, const Pattern& pattern);
+  ParseCache::FileStatements parseIncluded(const Include& node, const String& path);
 
   std::optional<Url> baseURL_;
   std::shared_ptr<Logger> logger_;
@@ -149,8 +157,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   std::optional<Token> returnToken_;
   Value returnValue_;  // of the `return` that is travelling, `nil` at all other times
   std::vector<std::shared_ptr<Library>> libraries_;
-  std::vector<WeakRef<Environment>> survivors_;  // popped, but kept alive by functions
-  Int depth_ = 0;                                // of nested `interpret`
+  SurvivingScopes survivors_;
+  Int depth_ = 0;  // of nested `interpret`
   StackGuard guard_;
 };
 

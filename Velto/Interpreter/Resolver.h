@@ -13,9 +13,9 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Mirrors the scopes that the interpreter will make, and writes to `Interpreter::locals` how many links lie between each
-/// variable that it can place and its scope. All other names are looked up as the program runs.
-class Resolver final : private StatementVisitor, private ExpressionVisitor {
+/// Mirrors the scopes that the interpreter will make, and writes to `Interpreter::locals` how many links lie between
+/// each variable that it can place and its scope. All other names are looked up as the program runs.
+class Resolver final : public StatementVisitor, public ExpressionVisitor {
  public:
   explicit Resolver(Interpreter& interpreter);
 
@@ -23,19 +23,6 @@ class Resolver final : private StatementVisitor, private ExpressionVisitor {
   void resolve(const Statements& statements);
 
   bool hadError() const noexcept { return hadError_; }
-
- private:
-  using Scope = std::unordered_map<String, bool>;  // false while a name is declared and not yet defined
-
-  void declare(const Token& name);
-  void define(const Token& name);
-  void beginScope();
-  void endScope();
-  void resolve(const Expression& expression);
-  void resolveBlock(const Statements& statements);
-  void resolveBranch(const IfBranch& branch);
-  void resolveLocal(const Token& name, const Uuid& id);
-  void resolveFunction(const FunctionDeclaration& function);
 
   void visitBreak(const Break& node) override;
   void visitCase(const Case& node) override;
@@ -67,6 +54,17 @@ class Resolver final : private StatementVisitor, private ExpressionVisitor {
   void visitSubscript(const Subscript& node) override;
   void visitUnary(const Unary& node) override;
   void visitVariable(const Variable& node) override;
+
+ private:
+  using Scope = std::unordered_map<String, bool>;  // false while a name is declared and not yet defined
+
+  void declare(const Token& name);
+  void define(const Token& name);
+  void resolve(const Expression& expression);
+  void resolveBlock(const Statements& statements);
+  void resolveBranch(const IfBranch& branch);
+  void resolveLocal(const Token& name, const Uuid& id);
+  std::optional<Int> depth(const Token& name, std::size_t skipped) const;
 
   std::shared_ptr<Logger> logger_;
   Interpreter& interpreter_;

@@ -8,20 +8,35 @@ namespace [[gnu::visibility("default")]] velto {
 struct CGPoint {
   CGFloat x = 0;
   CGFloat y = 0;
+
+  /// "{1.0, 2.0}"
+  String description() const;
+
+  friend bool operator==(const CGPoint&, const CGPoint&) noexcept = default;
 };
 
 struct CGSize {
   CGFloat width = 0;
   CGFloat height = 0;
+
+  /// "{1.0, 2.0}"
+  String description() const;
+
+  friend bool operator==(const CGSize&, const CGSize&) noexcept = default;
 };
 
 struct CGRect {
   CGPoint origin;
   CGSize size;
+
+  /// "{{0.0, 0.0}, {10.0, 20.5}}"
+  String description() const;
+
+  friend bool operator==(const CGRect&, const CGRect&) noexcept = default;
 };
 
 // The records as objects, under the names of their fields; a rectangle has `center`, and `width` and `height` without
-// their sign, too.
+// their sign, too. As values they are equal to nothing, themselves included.
 Ref<const Object> asObject(const CGPoint& point);
 Ref<const Object> asObject(const CGSize& size);
 Ref<const Object> asObject(const CGRect& rect);

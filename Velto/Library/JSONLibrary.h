@@ -1,6 +1,7 @@
 // `loadJSON`, and JSON documents as values.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -15,14 +16,14 @@ class JSONLibrary final : public Library {
   void load(Interpreter& interpreter) override;
 
   /// What a relative path is resolved against; set by `load`.
-  const std::optional<Url>& baseURL() const noexcept { return baseURL_; }
+  const std::optional<Url>& baseURL() const noexcept { return *baseURL_; }
 
  private:
-  std::optional<Url> baseURL_;
+  std::shared_ptr<std::optional<Url>> baseURL_ = std::make_shared<std::optional<Url>>();  // `loadJSON` shares it
 };
 
-/// The value of a JSON document (RFC 8259, UTF-8, one byte order mark is skipped), scalars at the top level included; nothing
-/// if it isn't valid. A repeated key keeps the place of the first and the value of the last.
+/// The value of a JSON document (RFC 8259, UTF-8, one byte order mark is skipped), scalars at the top level included;
+/// nothing if it isn't valid. A repeated key keeps the place of the first and the value of the last.
 std::optional<Value> parseJSON(std::string document);
 
 }  // namespace velto

@@ -35,8 +35,6 @@ class ParseCache {
   void clear() noexcept;
 
  private:
-  Statements parse(const Url& url, Scanner::Mode mode);
-
   std::shared_ptr<Logger> logger_;
   std::shared_ptr<FileSystem> fileSystem_;
   std::unordered_map<Url, FileStatements> cache_;

@@ -28,12 +28,12 @@ class Processor {
   /// Loaded behind the built-in ones.
   std::vector<std::shared_ptr<Library>> libraries;
 
-  /// Scans, parses and runs `file`, a path relative to `baseURL`. Throws `FileError` if it can't be read, and `VeltoError`
-  /// with the step that failed; the words are on the logger.
+  /// Scans, parses and runs `file`, a path relative to `baseURL`. Throws `FileError` if it can't be read, and
+  /// `VeltoError` with the step that failed; the words are on the logger.
   void process(const String& file);
 
  private:
-  Statements parse(const Url& url);
+  Statements parse(const String& file);
   void installGlobals(Interpreter& interpreter) const;
 
   Url baseURL_;

@@ -1,0 +1,85 @@
+#include "Velto/Interpreter/Environment.h"
+
+#include "Velto/Diagnostics/Fail.h"
+#include "Velto/Platform/Fatal.h"
+
+namespace velto {
+
+Environment::Environment(std::shared_ptr<Logger> logger) : Environment(nullptr, std::move(logger)) {
+}
+
+Environment::Environment(Environment* enclosing, std::shared_ptr<Logger> logger)
+    : logger_(std::move(logger)), enclosing_(enclosing) {
+}
+
+void Environment::define(const String& name, Value value) {
+  values.set(name, std::move(value));
+}
+
+void Environment::define(const Token& name, Value value) {
+  if (values.contains(name.lexeme)) {
+    fail(*logger_, VeltoError::Step::interpret, name.range, "Variable with this name already declared in this scope.");
+  }
+  values.set(name.lexeme, std::move(value));
+}
+
+void Environment::assign(const Token& name, Value value) {
+  if (Value* present = find(name.lexeme)) {
+    *present = std::move(value);
+    return;
+  }
+  failUndefined(name);
+}
+
+void Environment::assign(const Token& name, Value value, Int depth) {
+  ancestor(depth).values.set(name.lexeme, std::move(value));
+}
+
+Value Environment::get(const Token& name) const {
+  if (const Value* value = find(name.lexeme)) return *value;
+  failUndefined(name);
+}
+
+Value Environment::get(const Token& name, Int depth) const {
+  const Value* value = ancestor(depth).values.find(name.lexeme);
+  if (!value) {
+    fatalError(String::concatenation({"The scope of a resolved variable doesn't have '", name.lexeme, "'."}));
+  }
+  return *value;
+}
+
+std::optional<Value> Environment::get(const String& name) const {
+  if (const Value* value = find(name)) return *value;
+  return std::nullopt;
+}
+
+void Environment::clear() noexcept {
+  values.clear();
+}
+
+Environment& Environment::ancestor(Int depth) const {
+  if (depth < 0) fatalError("The depth of a variable can't be negative.");
+  const Environment* scope = this;
+  for (; depth > 0; --depth) {
+    scope = scope->enclosing();
+    if (!scope) fatalError("The scope of a resolved variable has died.");
+  }
+  return const_cast<Environment&>(*scope);
+}
+
+Value* Environment::find(const String& name) const noexcept {
+  for (const Environment* scope = this; scope; scope = scope->enclosing()) {
+    if (const Value* value = scope->values.find(name)) return const_cast<Value*>(value);
+  }
+  return nullptr;
+}
+
+void Environment::failUndefined(const Token& name) const {
+  // The message comes from the last scope that the walk reached, which may have lost its link.
+  const Environment* last = this;
+  while (const Environment* outer = last->enclosing()) last = outer;
+  fail(*last->logger_, VeltoError::Step::interpret, name.range,
+       String::concatenation({"Undefined variable '", name.lexeme, "'."}));
+}
+
+}  // namespace velto

@@ -1,0 +1,50 @@
+// Calls, and the declaration of functions.
+#include "Velto/Diagnostics/VeltoError.h"
+#include "Velto/Interpreter/Function.h"
+#include "Velto/Interpreter/Interpreter.h"
+
+namespace velto {
+
+void Interpreter::visitCall(const Call& node) {
+  const Value callee = evaluate(node.callee);
+  const Callable* callable = callee.callable();
+  if (!callable) fail(node.paren.range, "Can only call functions and classes.");
+  const std::vector<Value> arguments = evaluateArguments(node, *callable);
+  const auto reportError = [&](const String& message) { fail(node.paren.range, message); };
+  try {
+    finish(callable->call(*this, arguments, reportError));
+  } catch (const VeltoError&) {
+    // One line for each call on the way out, innermost first: the language's stack trace.
+    logger_->report(Message::Level::info, String::concatenation({callable->describe(arguments), " called here"}),
+                    node.range);
+    throw;
+  }
+}
+
+std::vector<Value> Interpreter::evaluateArguments(const Call& node, const Callable& callable) {
+  const std::span<const Label> labels = callable.labels();
+  if (labels.size() != node.arguments.size()) {
+    fail(node.paren.range, String::concatenation({"Expected ", decimal(callable.arity()), " arguments but got ",
+                                                  decimal(static_cast<Int>(node.arguments.size())), "."}));
+  }
+  std::vector<Value> arguments;
+  arguments.reserve(labels.size());
+  for (std::size_t index = 0; index < labels.size(); ++index) {
+    arguments.push_back(evaluate(node.arguments[index].value));
+    checkLabel(labels[index], node.arguments[index]);
+  }
+  return arguments;
+}
+
+void Interpreter::checkLabel(const Label& expected, const Call::Argument& argument) {
+  const bool isMatch = argument.label ? expected == argument.label->lexeme : !expected;
+  if (isMatch) return;
+  fail(argument.label ? argument.label->range : argument.value.range(),
+       String::concatenation({"Expected argument label '", expected.value_or(String()), "'."}));
+}
+
+void Interpreter::visitFunctionDeclaration(const FunctionDeclaration& node) {
+  current().define(node.name, makeRef<Function>(node, stack_.back()));
+}
+
+}  // namespace velto

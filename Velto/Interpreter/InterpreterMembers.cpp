@@ -1,0 +1,82 @@
+// The two expressions that reach into a value: members and subscripts.
+#include <limits>
+
+#include "Velto/Interpreter/IntegerConversion.h"
+#include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Platform/Character.h"
+#include "Velto/Value/Array.h"
+#include "Velto/Value/Dictionary.h"
+#include "Velto/Value/IntegerRange.h"
+
+namespace velto {
+
+void Interpreter::visitMember(const Member& node) {
+  const Value value = evaluate(node.object);
+  if (!value.isObject()) {
+    fail(node.dot.range, String::concatenation({"Operand must be an object but it is ", value.description(), "."}));
+  }
+  std::optional<Value> result = value.get(node.member.lexeme);
+  if (!result) {
+    fail(node.dot.range, String::concatenation({"Object '", value.objectDescription(), "' does not have property '",
+                                                node.member.lexeme, "'."}));
+  }
+  finish(std::move(*result));
+}
+
+void Interpreter::visitSubscript(const Subscript& node) {
+  const Value value = evaluate(node.subscriptee);
+  if (const Array* array = value.array()) return visitArraySubscript(node, *array);
+  if (const Dictionary* dictionary = value.dictionary()) return visitDictionarySubscript(node, *dictionary);
+  if (const String* string = value.string()) return visitStringSubscript(node, *string);
+  fail(node.bracket.range, "Can only subscript arrays, dictionaries or strings.");
+}
+
+void Interpreter::visitArraySubscript(const Subscript& node, const Array& array) {
+  const Value value = evaluate(node.index);
+  if (!value.number()) fail(node.bracket.range, "Array subscripts can only be numbers.");
+  const Int index = integer(*value.number());
+  if (index < 0 || index >= static_cast<Int>(array.size())) fail(node.bracket.range, "Index out of bounds.");
+  finish(array.elements()[static_cast<std::size_t>(index)]);
+}
+
+void Interpreter::visitDictionarySubscript(const Subscript& node, const Dictionary& dictionary) {
+  const Value* value = dictionary.find(evaluateKey(node.index, node.bracket.range));
+  finish(value ? *value : Value::nil());
+}
+
+namespace {
+
+/// The characters from `lower` up to but not including `upper`; nothing if the text hasn't got them all.
+std::optional<String> characters(const String& text, Int lower, Int upper) {
+  if (lower < 0) return std::nullopt;
+  const Characters all(text);
+  Characters::Iterator character = all.begin();
+  std::size_t start = 0;
+  for (Int position = 0; position < upper; ++position, ++character) {
+    if (character == all.end()) return std::nullopt;
+    if (position == lower) start = character.offset();
+  }
+  return lower == upper ? String() : text.slice(start, character.offset() - start);
+}
+
+}  // namespace
+
+void Interpreter::visitStringSubscript(const Subscript& node, const String& string) {
+  const Value value = evaluate(node.index);
+  std::optional<String> result;
+  if (const double* number = value.number()) {
+    const Int index = integer(*number);
+    if (index < std::numeric_limits<Int>::max()) result = characters(string, index, index + 1);
+    if (!result) fail(node.bracket.range, "Index out of bounds.");
+  } else if (const CountableClosedRange* closed = value.closedRange()) {
+    if (closed->upper < std::numeric_limits<Int>::max()) result = characters(string, closed->lower, closed->upper + 1);
+  } else if (const CountableRange* open = value.openRange()) {
+    result = characters(string, open->lower, open->upper);
+  } else {
+    fail(node.bracket.range, "String subscripts can only be numbers or ranges.");
+  }
+  if (!result) fail(node.bracket.range, "Range out of bounds.");
+  finish(std::move(*result));
+}
+
+}  // namespace velto

@@ -1,0 +1,204 @@
+// The expressions that compute a value without reaching into a member or making a call.
+#include "Velto/Interpreter/IntegerConversion.h"
+#include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Platform/Fatal.h"
+#include "Velto/Platform/Unicode.h"
+#include "Velto/Value/Array.h"
+#include "Velto/Value/Dictionary.h"
+#include "Velto/Value/IntegerRange.h"
+#include "Velto/Value/MetaType.h"
+
+namespace velto {
+
+void Interpreter::visitLiteral(const Literal& node) {
+  finish(node.value);
+}
+
+void Interpreter::visitGrouping(const Grouping& node) {
+  finish(evaluate(node.expression));
+}
+
+void Interpreter::visitBinary(const Binary& node) {
+  const Value left = evaluate(node.left);
+  const Value right = evaluate(node.right);
+  const Token& operator_ = node.operator_;
+  if (operator_.type == TokenType::equal || operator_.type == TokenType::notEqual) {
+    finish(areSame(left, right, operator_.range) == (operator_.type == TokenType::equal));
+    return;
+  }
+  if (!left.number() || !right.number()) fail(operator_.range, "Operands must be numbers.");
+  finish(calculate(operator_, *left.number(), *right.number()));
+}
+
+bool Interpreter::areSame(const Value& left, const Value& right, const Range& range) {
+  return left.isObject() || right.isObject() ? areEqual(left, right, range) : left == right;
+}
+
+bool Interpreter::areEqual(const Value& left, const Value& right, const Range& range) {
+  if (left.string() && right.string()) return *left.string() == *right.string();
+  if (left.array() && right.array()) return left.array() == right.array() || left == right;
+  for (const Value* side : {&left, &right}) {
+    if (!side->isObject()) continue;
+    const std::optional<Value> equals = side->get("equals");
+    if (equals && equals->callable()) return callEquals(*equals->callable(), left, right, range);
+  }
+  if (left.isNil() || right.isNil()) return left.isNil() && right.isNil();
+  fail(range, "Objects must implement 'equals' function.");
+}
+
+bool Interpreter::callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range) {
+  if (equals.arity() != 2) fail(range, "Object's 'equals' function must take two arguments.");
+  const auto reportError = [&](const String& message) { fail(range, message); };
+  const Value result = equals.call(*this, {left, right}, reportError);
+  if (!result.boolean()) fail(range, "Objects must implement 'equals' function.");
+  return *result.boolean();
+}
+
+Value Interpreter::calculate(const Token& operator_, double left, double right) {
+  switch (operator_.type) {
+    case TokenType::minus:
+      return left - right;
+    case TokenType::plus:
+      return left + right;
+    case TokenType::slash:
+      return left / right;
+    case TokenType::star:
+      return left * right;
+    case TokenType::greater:
+      return left > right;
+    case TokenType::greaterEqual:
+      return left >= right;
+    case TokenType::less:
+      return left < right;
+    case TokenType::lessEqual:
+      return left <= right;
+    case TokenType::openRange:
+      return makeRef<CountableRange>(integer(left), integer(right));
+    case TokenType::closedRange:
+      return makeRef<CountableClosedRange>(integer(left), integer(right));
+    default:
+      fail(operator_.range, "Invalid binary operator.");
+  }
+}
+
+void Interpreter::visitLogical(const Logical& node) {
+  const Token& operator_ = node.operator_;
+  const bool left = evaluateOperand(node.left, operator_);
+  if (operator_.type != TokenType::and_ && operator_.type != TokenType::or_) {
+    fail(operator_.range, "Invalid binary operator.");
+  }
+  const bool isDecided = left == (operator_.type == TokenType::or_);
+  finish(isDecided ? left : evaluateOperand(node.right, operator_));
+}
+
+bool Interpreter::evaluateOperand(const Expression& operand, const Token& operator_) {
+  const Value value = evaluate(operand);
+  if (!value.boolean()) fail(operator_.range, "Operand must be a boolean.");
+  return *value.boolean();
+}
+
+void Interpreter::visitUnary(const Unary& node) {
+  const Value right = evaluate(node.right);
+  switch (node.operator_.type) {
+    case TokenType::minus:
+      if (!right.number()) fail(node.operator_.range, "Operand must be a number.");
+      return finish(-*right.number());
+    case TokenType::not_:
+      if (!right.boolean()) fail(node.operator_.range, "Operand must be a boolean.");
+      return finish(!*right.boolean());
+    default:
+      fail(node.operator_.range, "Invalid unary operator.");
+  }
+}
+
+void Interpreter::visitVariable(const Variable& node) {
+  finish(readVariable(node.name, node.id));
+}
+
+void Interpreter::visitTuple(const Tuple& node) {
+  std::vector<Value> values;
+  values.reserve(node.names.size());
+  for (const Token& name : node.names) values.push_back(readVariable(name, node.id));
+  finish(Array(std::move(values)));
+}
+
+Value Interpreter::readVariable(const Token& name, const Uuid& id) {
+  Value value = lookUpVariable(name, id);
+  if (value.isUninitialized()) {
+    fail(name.range, String::concatenation({"Uninitialized variable '", name.lexeme, "'."}));
+  }
+  return value;
+}
+
+Value Interpreter::lookUpVariable(const Token& name, const Uuid& id) {
+  const auto depth = locals.find(id);
+  return depth == locals.end() ? current().get(name) : current().get(name, depth->second);
+}
+
+void Interpreter::visitAssignment(const Assignment& node) {
+  const Value value = evaluate(node.value);
+  const auto depth = locals.find(node.id);
+  if (depth == locals.end()) {
+    current().assign(node.name, value);
+  } else {
+    current().assign(node.name, value, depth->second);
+  }
+  finish(value);
+}
+
+void Interpreter::visitTypeCheck(const TypeCheck& node) {
+  const Value value = evaluate(node.instance);
+  finish(value.isOf(MetaType(node.type.lexeme)));
+}
+
+namespace {
+
+/// The offset in bytes that lies `units` UTF-16 code units behind `offset`.
+std::size_t offsetBehind(std::string_view text, std::size_t offset, Int units) {
+  while (units > 0) units -= unicode::decode(text, offset) > 0xFFFF ? 2 : 1;
+  return offset;
+}
+
+}  // namespace
+
+void Interpreter::visitStringExpression(const StringExpression& node) {
+  if (node.interpolations.empty()) return finish(node.literal);
+  const std::string_view literal = node.literal;
+  StringBuilder text;
+  std::size_t offset = 0;
+  Int position = 0;
+  for (const StringExpression::Interpolation& interpolation : node.interpolations) {
+    const std::size_t next = offsetBehind(literal, offset, interpolation.position - position);
+    text.append(literal.substr(offset, next - offset));
+    text.append(evaluate(interpolation.value).description());
+    offset = next;
+    position = interpolation.position;
+  }
+  finish(text.append(literal.substr(offset)).build());
+}
+
+void Interpreter::visitArrayLiteral(const ArrayLiteral& node) {
+  std::vector<Value> elements;
+  elements.reserve(node.elements.size());
+  for (const Expression& element : node.elements) elements.push_back(evaluate(element));
+  finish(Array(std::move(elements)));
+}
+
+void Interpreter::visitDictionaryLiteral(const DictionaryLiteral& node) {
+  Dictionary dictionary;
+  for (const auto& [keyExpression, valueExpression] : node.elements) {
+    Value key = evaluateKey(keyExpression, keyExpression.range());
+    dictionary.set(std::move(key), evaluate(valueExpression));
+  }
+  finish(std::move(dictionary));
+}
+
+Value Interpreter::evaluateKey(const Expression& expression, const Range& range) {
+  Value key = evaluate(expression);
+  if (!key.boolean() && !key.number() && !key.openRange() && !key.closedRange() && !key.string()) {
+    fail(range, "Dictionary keys can only be numbers, ranges, booleans or strings.");
+  }
+  return key;
+}
+
+}  // namespace velto

@@ -1,0 +1,30 @@
+// The scopes that outlive their block because a function that was declared in them does.
+#pragma once
+
+#include <vector>
+
+#include "Velto/Interpreter/Environment.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// A function that is stored in the scope that it closes over keeps that scope for ever, by the count alone. Where
+/// nobody else can reach the two, they are let go, which no program can see.
+class SurvivingScopes {
+ public:
+  SurvivingScopes() noexcept = default;
+  SurvivingScopes(const SurvivingScopes&) = delete;
+  SurvivingScopes& operator=(const SurvivingScopes&) = delete;
+  /// Lets go of the names of all that still live.
+  ~SurvivingScopes();
+
+  /// Takes note of a scope that has been popped.
+  void leave(Ref<Environment> scope);
+
+ private:
+  void sweep();
+
+  std::vector<WeakRef<Environment>> scopes_;
+  std::size_t sweepAt_ = 64;
+};
+
+}  // namespace velto

@@ -1,0 +1,14 @@
+// Texts without the white space around them, and as string literals.
+#pragma once
+
+#include "Velto/Platform/String.h"
+
+namespace velto {
+
+/// Without the characters at both ends whose first scalar is white space or a line end.
+String trimmingWhitespace(const String& text);
+
+/// Line feeds, tabs, double quotes and backslashes as two characters each. "\r\n" is one character and stays.
+String escaped(const String& text);
+
+}  // namespace velto

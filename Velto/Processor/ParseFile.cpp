@@ -1,0 +1,18 @@
+#include "Velto/Processor/ParseFile.h"
+
+#include "Velto/Parser/Parser.h"
+#include "Velto/Scanner/Unpacker.h"
+
+namespace velto {
+
+std::optional<Statements> parseFile(FileSystem& fileSystem, const Url& url, Scanner::Mode mode,
+                                    const std::shared_ptr<Logger>& logger) {
+  Scanner scanner(fileSystem.readText(url), mode, logger, url.path());
+  Unpacker unpacker(scanner.scanTokens(), logger);
+  Parser parser(unpacker.unpack(), logger);
+  Statements statements = parser.parse();
+  if (parser.hadError()) return std::nullopt;
+  return statements;
+}
+
+}  // namespace velto

@@ -1,0 +1,44 @@
+#include "Velto/Processor/Processor.h"
+
+#include "Velto/Diagnostics/VeltoError.h"
+#include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Interpreter/Resolver.h"
+#include "Velto/Processor/ParseFile.h"
+
+namespace velto {
+
+Processor::Processor(const Url& baseURL, std::shared_ptr<Logger> logger, std::shared_ptr<FileSystem> fileSystem)
+    : logger(std::move(logger)), baseURL_(Url::directory(baseURL.path())), fileSystem_(std::move(fileSystem)) {
+}
+
+void Processor::process(const String& file) {
+  const Statements statements = parse(file);
+  Interpreter interpreter(baseURL_, logger, fileSystem_);
+  Resolver(interpreter).resolve(statements);
+  installGlobals(interpreter);
+  for (const std::shared_ptr<Library>& library : libraries) interpreter.load(library);
+  interpreter.interpret(statements);
+  if (interpreter.hadError) throw VeltoError(VeltoError::Step::interpret);
+}
+
+Statements Processor::parse(const String& file) {
+  const Url url = baseURL_.appendingPathComponent(file);
+  std::optional<Statements> statements = parseFile(*fileSystem_, url, Scanner::Mode::program, logger);
+  if (!statements) throw VeltoError(VeltoError::Step::parse);
+  return *std::move(statements);
+}
+
+void Processor::installGlobals(Interpreter& interpreter) const {
+  for (const auto& [name, value] : globals) {
+    if (Value::verify(value)) {
+      interpreter.globals().define(name, value);
+      continue;
+    }
+    logger->report(Message::Level::error,
+                   String::concatenation({"Global variable '", name, "' was assigned an invalid value."}),
+                   Range("", 0, 0));
+    interpreter.hadError = true;
+  }
+}
+
+}  // namespace velto

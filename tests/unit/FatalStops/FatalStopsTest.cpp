@@ -1,0 +1,120 @@
+// The messages and fatal stops that no program can bring about, only a host or tokens made by hand.
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <limits>
+
+#include "Velto/Velto.h"
+#include "tests/support/TestHost.h"
+
+namespace velto {
+namespace {
+
+const auto isAbort = testing::KilledBySignal(SIGABRT);
+
+std::string fatal(const std::string& what) {
+  return "^fatal: " + what + "\n$";
+}
+
+std::shared_ptr<Logger> logger() {
+  return std::make_shared<ArrayLogger>();
+}
+
+Token handmade(TokenType type) {
+  return Token(type, "x", Range("a", 1, 1));
+}
+
+/// An object whose only member is `equals`.
+class Comparing final : public Object {
+ public:
+  explicit Comparing(Value equals) : equals_(std::move(equals)) {}
+
+  std::optional<Value> get(const String& name) const override {
+    return name == "equals" ? std::optional(equals_) : std::nullopt;
+  }
+  String objectDescription() const override { return "comparing"; }
+
+ private:
+  Value equals_;
+};
+
+Value number(Int value) {
+  return Value(static_cast<double>(value));
+}
+
+TEST(FatalStopsDeathTest, CursorsOverText) {
+  ScannableString empty("");
+  EXPECT_EXIT(empty.next(), isAbort, fatal("There is no character behind the end of a text."));
+  EXPECT_EXIT(empty.previous(), isAbort, fatal("There is no character before the start of a text."));
+  EXPECT_EXIT(empty.advance(), isAbort, fatal("A cursor can't move beyond the end of its text."));
+}
+
+TEST(FatalStopsDeathTest, CursorsOverArrays) {
+  ScannableArray<int> empty({});
+  EXPECT_EXIT(empty.advance(), isAbort, fatal("A cursor can't move beyond the end of its array."));
+}
+
+TEST(FatalStopsDeathTest, RangesOverTwoFiles) {
+  EXPECT_EXIT(Range(Cursor("a", 1, 1), Cursor("b", 1, 1)), isAbort,
+              fatal("A range must start and end in the same file."));
+}
+
+TEST(FatalStopsDeathTest, LiteralTokensWithoutTheirValue) {
+  Parser strings({handmade(TokenType::string)}, logger());
+  EXPECT_EXIT(strings.parse(), isAbort, fatal("Expected a string literal."));
+  Parser numbers({handmade(TokenType::number)}, logger());
+  EXPECT_EXIT(numbers.parse(), isAbort, fatal("Expected a number literal."));
+}
+
+TEST(FatalStopsDeathTest, RangesOfIntegers) {
+  EXPECT_EXIT(CountableRange(2, 1), isAbort, fatal("The upper bound of a range is below its lower bound"));
+  EXPECT_EXIT(CountableClosedRange(2, 1), isAbort, fatal("The upper bound of a range is below its lower bound"));
+}
+
+TEST(FatalStopsDeathTest, ClosedRangesUpToTheLargestInteger) {
+  const Value range = makeRef<CountableClosedRange>(0, std::numeric_limits<Int>::max())->asValue();
+  EXPECT_EXIT(range.hashValue(), isAbort,
+              fatal("The hash of a closed range can't be told where its upper bound is the largest integer"));
+  test::TestHost host;
+  host.processor.globals["all"] = range;
+  EXPECT_EXIT(host.run("for i in all end"), isAbort, fatal("A loop can't run up to the largest integer."));
+}
+
+TEST(FatalStopsDeathTest, NativeFunctions) {
+  test::TestHost host;
+  host.processor.globals["two"] = makeRef<Function2>("two", [](auto, auto) { return Value(); })->asValue();
+  EXPECT_EXIT(host.run("[1].map(two)"), isAbort, fatal("Argument 1 of a native function is missing"));
+
+  const auto returning = [](const String&) {};
+  const ReportError reportError = returning;
+  EXPECT_EXIT(reportError("text"), isAbort, fatal("A function that reports an error must not return"));
+}
+
+TEST(ObjectsInComparisons, NeedAnEqualsFunction) {
+  test::TestHost host;
+  host.processor.globals["none"] = makeRef<Comparing>(number(1))->asValue();
+  host.run("none == 1");
+  ASSERT_EQ(host.logger->messages.size(), 1u);
+  EXPECT_EQ(host.logger->messages[0].message, "Objects must implement 'equals' function.");
+}
+
+TEST(ObjectsInComparisons, NeedABooleanFromIt) {
+  test::TestHost host;
+  const auto equals = makeRef<Function2>("equals", [](auto, auto) { return number(1); });
+  host.processor.globals["vague"] = makeRef<Comparing>(equals->asValue())->asValue();
+  host.run("1 == vague");
+  ASSERT_EQ(host.logger->messages.size(), 1u);
+  EXPECT_EQ(host.logger->messages[0].message, "Objects must implement 'equals' function.");
+}
+
+TEST(ObjectsInComparisons, NeedItToTakeTwoArguments) {
+  test::TestHost host;
+  const auto equals = makeRef<Function1>("equals", [](auto) { return Value(true); });
+  host.processor.globals["lonely"] = makeRef<Comparing>(equals->asValue())->asValue();
+  host.run("lonely != 1");
+  ASSERT_EQ(host.logger->messages.size(), 1u);
+  EXPECT_EQ(host.logger->messages[0].message, "Object's 'equals' function must take two arguments.");
+}
+
+}  // namespace
+}  // namespace velto

@@ -1,0 +1,248 @@
+// The interpreter as a host holds it.
+#include "Velto/Interpreter/Interpreter.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Velto/Interpreter/IntegerConversion.h"
+#include "tests/support/TestHost.h"
+
+namespace velto {
+namespace {
+
+using test::TestHost;
+using testing::ElementsAre;
+
+class InterpreterTest : public testing::Test {
+ protected:
+  void interpret(const std::string& program) {
+    Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
+    Unpacker unpacker(scanner.scanTokens(), host.logger);
+    Parser parser(unpacker.unpack(), host.logger);
+    lists.push_back(parser.parse());
+    interpreter.interpret(lists.back());
+  }
+
+  TestHost host;
+  std::vector<Statements> lists;
+  Interpreter interpreter{Url("base"), host.logger, host.files};
+};
+
+TEST_F(InterpreterTest, LoadsTheBuiltInLibrariesInOrder) {
+  ASSERT_EQ(interpreter.libraries().size(), 3u);
+  EXPECT_NE(dynamic_cast<JSONLibrary*>(interpreter.libraries()[0].get()), nullptr);
+  EXPECT_NE(dynamic_cast<VeltoLibrary*>(interpreter.libraries()[1].get()), nullptr);
+  EXPECT_NE(dynamic_cast<OSLibrary*>(interpreter.libraries()[2].get()), nullptr);
+  for (const char* name : {"print", "execute", "process", "makeUUID", "copy", "mkdir", "loadJSON"}) {
+    const std::optional<Value> function = interpreter.globals().get(name);
+    ASSERT_TRUE(function && function->callable()) << name;
+    EXPECT_EQ(function->callable()->name(), name);
+  }
+}
+
+TEST_F(InterpreterTest, GivesTheLabelsOfTheBuiltInFunctions) {
+  const auto describe = [&](const char* name) {
+    return interpreter.globals().get(name)->callable()->describe(std::vector<Value>{"x", "y"});
+  };
+  EXPECT_EQ(describe("print"), "print(x)");
+  EXPECT_EQ(describe("execute"), "execute(x)");
+  EXPECT_EQ(describe("process"), "process(x, into: y)");
+  EXPECT_EQ(describe("makeUUID"), "makeUUID()");
+  EXPECT_EQ(describe("copy"), "copy(from: x, to: y)");
+  EXPECT_EQ(describe("mkdir"), "mkdir(x)");
+  EXPECT_EQ(describe("loadJSON"), "loadJSON(x)");
+}
+
+TEST_F(InterpreterTest, IsBareAtTheStart) {
+  const Interpreter bare;
+  EXPECT_EQ(bare.baseURL(), std::nullopt);
+  EXPECT_EQ(bare.stack().size(), 1u);
+  EXPECT_FALSE(bare.hadError);
+  EXPECT_TRUE(bare.locals.empty());
+}
+
+TEST_F(InterpreterTest, ResolvesPathsAgainstTheBase) {
+  EXPECT_EQ(interpreter.resolve("a").path(), "base/a");
+  EXPECT_EQ(interpreter.resolve("/a").path(), "base/a");
+  EXPECT_EQ(Interpreter().resolve("/a").path(), "/a");
+}
+
+TEST_F(InterpreterTest, PushesAndPopsScopes) {
+  Environment& pushed = interpreter.pushEnvironment();
+  EXPECT_EQ(pushed.enclosing(), &interpreter.globals());
+  EXPECT_EQ(interpreter.stack().size(), 2u);
+  interpreter.popEnvironment();
+  const auto own = makeRef<Environment>(host.logger);
+  EXPECT_EQ(&interpreter.pushEnvironment(own), own.get());
+  interpreter.popEnvironment();
+  EXPECT_EQ(interpreter.stack().size(), 1u);
+}
+
+TEST_F(InterpreterTest, LetsTheHostCaptureTheOutput) {
+  std::string output;
+  interpreter.print = [&](const String& text) { output.append(text.view()); };
+  interpret("print(1) print(\"a\")");
+  EXPECT_EQ(output, "1a");
+  EXPECT_EQ(host.output(), "");
+}
+
+TEST_F(InterpreterTest, LeavesAnEmptyListAlone) {
+  interpreter.interpret({});
+  EXPECT_FALSE(interpreter.hadError);
+}
+
+TEST_F(InterpreterTest, NeverClearsHadError) {
+  interpret("missing");
+  EXPECT_TRUE(interpreter.hadError);
+  interpret("print(1)");
+  EXPECT_TRUE(interpreter.hadError);
+  EXPECT_EQ(host.output(), "1");
+}
+
+TEST_F(InterpreterTest, PopsEveryScopeOnTheWayOutOfAFailure) {
+  interpret("func f() for i in 0...3 while true if true missing end end end end f()");
+  EXPECT_EQ(interpreter.stack().size(), 1u);
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:44...1:51: error: Undefined variable 'missing'.",
+                                           "main:1:68...1:71: info: f() called here"));
+}
+
+TEST_F(InterpreterTest, PutsPrintBackAfterAFailedProcess) {
+  std::string output;
+  interpreter.print = [&](const String& text) { output.append(text.view()); };
+  interpret("process(\"missing\", into: \"/out\")");
+  interpret("print(1)");
+  EXPECT_EQ(output, "1");
+  EXPECT_EQ(host.files->files.at("/out"), "");
+  EXPECT_EQ(interpreter.stack().size(), 1u);
+}
+
+TEST_F(InterpreterTest, CallsAHostFunctionWithItsArguments) {
+  interpreter.globals().define("add", makeRef<Function2>("add", [](const Value& left, const Value& right) {
+                                 return *left.number() + *right.number();
+                               }));
+  interpret("print(add(1, 2))");
+  EXPECT_EQ(host.output(), "3");
+}
+
+TEST_F(InterpreterTest, LetsAHostCallAFunctionOfTheProgram) {
+  interpret("func twice(_ x) return x * 2 end");
+  const std::optional<Value> twice = interpreter.globals().get("twice");
+  const auto throwing = [](const String& message) { throw std::runtime_error(std::string(message.view())); };
+  EXPECT_EQ(twice->callable()->call(interpreter, {21}, throwing), Value(42));
+  const auto* function = dynamic_cast<const Function*>(twice->callable());
+  ASSERT_NE(function, nullptr);
+  EXPECT_EQ(function->description(), "func twice(_)");
+  EXPECT_EQ(function->closure().get(), &interpreter.globals());
+}
+
+TEST_F(InterpreterTest, DescribesFunctions) {
+  interpret("func add(a, b x) end func g() end func f(_ a, _ b) end");
+  const auto describe = [&](const char* name) {
+    return dynamic_cast<const Function*>(interpreter.globals().get(name)->callable())->description();
+  };
+  EXPECT_EQ(describe("add"), "func add(a:b)");
+  EXPECT_EQ(describe("g"), "func g()");
+  EXPECT_EQ(describe("f"), "func f(_:_)");
+}
+
+TEST_F(InterpreterTest, KeepsATokenThatAFailurePassed) {
+  // The break ends the body of f, and stays set while the expression around the call fails.
+  interpret("func f() break end f() + missing");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:26...1:33: error: Undefined variable 'missing'."));
+  interpret("print(1)");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:26...1:33: error: Undefined variable 'missing'.",
+                                           "main:1:10...1:15: error: Cannot break from outside a loop."));
+}
+
+TEST_F(InterpreterTest, ReportsExhaustionOfTheStackAndGoesOn) {
+  interpret("func f() return f() end f()");
+  ASSERT_FALSE(host.logger->messages.empty());
+  EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
+  EXPECT_EQ(host.logger->messages.back().message, "f() called here");
+  interpret("print(1)");
+  EXPECT_EQ(host.output(), "1");
+}
+
+TEST_F(InterpreterTest, SeesAHostsWriteToTheValues) {
+  interpret("var a = 1 func f() return a end");
+  interpreter.globals().values.set("a", 2);
+  interpret("print(f())");
+  EXPECT_EQ(host.output(), "2");
+}
+
+TEST_F(InterpreterTest, PassesTheLoggerOnToTheCache) {
+  EXPECT_EQ(interpreter.parseCache().logger(), host.logger);
+  EXPECT_EQ(interpreter.logger(), host.logger);
+}
+
+TEST_F(InterpreterTest, VisitsATupleLikeAnArrayOfVariables) {
+  interpreter.globals().define("a", 1);
+  interpreter.globals().define("b", "x");
+  interpreter.globals().define("c", Value::uninitialized());
+  const Range range("t", 1, 1);
+  const auto name = [&](const char* text) { return Token(TokenType::identifier, text, range); };
+  std::string output;
+  interpreter.print = [&](const String& text) { output.append(text.view()); };
+  const auto block = [&](std::vector<Token> names) {
+    return ExpressionBlock{.range = range, .expression = Tuple{.range = range, .names = std::move(names)}};
+  };
+  interpreter.interpret({block({name("a"), name("b")}), block({name("c")})});
+  EXPECT_EQ(output, "[1, x]");
+  EXPECT_THAT(host.messages(), ElementsAre("t:1:1...1:1: error: Uninitialized variable 'c'."));
+}
+
+TEST_F(InterpreterTest, RefusesOperatorsThatTheParserNeverMakes) {
+  const Range range("t", 1, 1);
+  const Expression one = Literal{.range = range, .value = 1};
+  const Expression yes = Literal{.range = range, .value = true};
+  const Token comma(TokenType::comma, ",", range);
+  interpreter.interpret({ExpressionStatement{Binary{.range = range, .left = one, .operator_ = comma, .right = one}}});
+  interpreter.interpret({ExpressionStatement{Logical{.range = range, .left = yes, .operator_ = comma, .right = yes}}});
+  EXPECT_THAT(host.messages(), ElementsAre("t:1:1...1:1: error: Invalid binary operator.",
+                                           "t:1:1...1:1: error: Invalid binary operator."));
+}
+
+TEST_F(InterpreterTest, VisitsACaseWithoutEffect) {
+  const Range range("t", 1, 1);
+  interpreter.interpret({Case{.range = range, .pattern = Token(TokenType::identifier, "T", range), .body = {}}});
+  EXPECT_FALSE(interpreter.hadError);
+}
+
+TEST(IntegerConversion, TruncatesTowardZero) {
+  EXPECT_EQ(integer(1.9), 1);
+  EXPECT_EQ(integer(-0.5), 0);
+  EXPECT_EQ(integer(-9223372036854775808.0), std::numeric_limits<Int>::min());
+  EXPECT_EQ(integer32(2147483647.5), 2147483647);
+  EXPECT_EQ(integer32(-2147483648.5), -2147483648);
+}
+
+using InterpreterDeathTest = InterpreterTest;
+
+TEST_F(InterpreterDeathTest, StopsAtNumbersThatAreNoIntegers) {
+  EXPECT_DEATH(integer(9223372036854775808.0), "fatal: The number 9.22337e\\+18 can't become an integer.");
+  EXPECT_DEATH(integer(-9223372036854777856.0), "fatal: The number -9.22337e\\+18 can't become an integer.");
+  EXPECT_DEATH(integer(std::numeric_limits<double>::quiet_NaN()), "fatal: The number nan can't become an integer.");
+  EXPECT_DEATH(integer32(2147483648.0), "fatal: The number 2.14748e\\+09 can't become an integer.");
+}
+
+TEST_F(InterpreterDeathTest, StopsWhenTheGlobalsArePopped) {
+  EXPECT_DEATH(interpreter.popEnvironment(), "fatal: The outermost scope can't be popped.");
+}
+
+TEST_F(InterpreterDeathTest, StopsAtAForeignException) {
+  interpreter.globals().define("f", makeRef<Function0>("f", []() -> Value { throw std::runtime_error("foreign"); }));
+  EXPECT_DEATH(interpret("f()"), "fatal: Unknown exception foreign");
+}
+
+TEST_F(InterpreterDeathTest, StopsAtARecordThatLeavesNoValue) {
+  struct Silent {
+    const Uuid id{};
+    Range range;
+    void accept(ExpressionVisitor&) const {}
+  };
+  const Statements statements = {ExpressionStatement{Silent{.range = Range("t", 1, 1)}}};
+  EXPECT_DEATH(interpreter.interpret(statements), "fatal: Evaluation did not produce a value.");
+}
+
+}  // namespace
+}  // namespace velto

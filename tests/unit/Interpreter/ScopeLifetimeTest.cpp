@@ -1,0 +1,105 @@
+// When scopes die: seen by what a program can do, and by what is left behind.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/TestHost.h"
+
+namespace velto {
+namespace {
+
+using test::TestHost;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Counts the objects that live, so that a test sees what a scope still holds.
+struct Witness final : Object {
+  explicit Witness(Int& living) : living(living) { ++living; }
+  ~Witness() override { --living; }
+  String objectDescription() const override { return "witness"; }
+  Int& living;
+};
+
+class ScopeLifetimeTest : public testing::Test {
+ protected:
+  /// Runs a program that can call `witness()`, and gives how many witnesses live at its end, told by `living()`.
+  std::string run(const std::string& program) {
+    struct Witnessing final : Library {
+      explicit Witnessing(Int& living) : living(living) {}
+      void load(Interpreter& interpreter) override {
+        Int& count = living;
+        interpreter.globals().define(
+            "witness", makeRef<Function0>("witness", [&count] { return Value(makeRef<Witness>(count)); }));
+        interpreter.globals().define("living", makeRef<Function0>("living", [&count] { return Value(count); }));
+      }
+      Int& living;
+    };
+    host.processor.libraries = {std::make_shared<Witnessing>(living)};
+    host.run(program);
+    EXPECT_THAT(host.messages(), IsEmpty());
+    return host.output();
+  }
+
+  Int living = 0;
+  TestHost host;
+};
+
+TEST_F(ScopeLifetimeTest, LetsGoOfABlockAtItsEnd) {
+  EXPECT_EQ(run("if true var w = witness() end print(living())"), "0");
+}
+
+TEST_F(ScopeLifetimeTest, LetsGoOfAScopeThatOnlyItsOwnFunctionsHold) {
+  EXPECT_EQ(run("for i in 1...3 var w = witness() func f() return w end func g() return f end var h = g end "
+                "print(living())"),
+            "0");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsAScopeForAFunctionThatLeavesIt) {
+  EXPECT_EQ(run("func make() var w = witness() func get() return w end return get end "
+                "var g = make() print(living()) print(g())"),
+            "1witness");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsAScopeForAScopeInsideIt) {
+  // The outer scope is held by its own function alone, but the inner function can still reach it.
+  EXPECT_EQ(run("func make() var w = witness() func own() return 1 end var result = nil "
+                "if true func get() return w end result = get end return result end "
+                "var g = make() print(living()) print(g())"),
+            "1witness");
+}
+
+TEST_F(ScopeLifetimeTest, SweepsScopesWhoseFunctionsHaveGone) {
+  EXPECT_EQ(run("func make() var w = witness() func get() return w end return get end "
+                "for i in 1...1000 make() end print(living() < 200)"),
+            "true");
+}
+
+TEST_F(ScopeLifetimeTest, LeavesNothingBehind) {
+  run("var w = witness() func f() return w end var keep = [f] "
+      "func make() var w = witness() var a = nil func get() return w end a = [get] return a end var g = make() make()");
+  EXPECT_EQ(living, 0);
+}
+
+TEST_F(ScopeLifetimeTest, ReadsAgainThroughAClosure) {
+  EXPECT_EQ(run("func m() var x = 1 func i() return x end return i end print(m()())"), "1");
+}
+
+TEST_F(ScopeLifetimeTest, HoldsAFunctionDuringItsOwnCall) {
+  EXPECT_EQ(run("var f = nil if true func g() f = nil return 1 end f = g end print(f())"), "1");
+}
+
+TEST(ScopeLifetime, ReportsAnUnresolvedNameBehindADeadScope) {
+  TestHost host;
+  host.files->files["/t"] = "<% var x = 1 if true func i() return x end f = i end %>";
+  host.run("var f = nil include \"t\" f()");
+  EXPECT_THAT(host.messages(), ElementsAre("t:1:38...1:39: error: Undefined variable 'x'.",
+                                           "main.velto:1:25...1:28: info: i() called here"));
+}
+
+TEST(ScopeLifetimeDeathTest, StopsAtAResolvedNameBehindADeadScope) {
+  TestHost host;
+  EXPECT_DEATH(host.run("func m() var x = 1 if true func i() return x end return i end end m()()"),
+               "fatal: The scope of a resolved variable has died.");
+}
+
+}  // namespace
+}  // namespace velto
