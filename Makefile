@@ -1,0 +1,53 @@
+# The commands of daily work. CMake does the building; see CMakePresets.json.
+.DEFAULT_GOAL := build
+.PHONY: build demo test coverage bench format dependencies clean
+
+JOBS ?= $(shell nproc)
+CTEST := ctest --output-on-failure --no-tests=error -j $(JOBS)
+
+# Builds everything but the benchmarks; the executables are in build/release/bin.
+build: dependencies
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS)
+
+# Generates a tree of source files from a model and shows it.
+demo: build
+	rm -rf build/demo
+	build/release/bin/velto run --output build/demo examples/entities/generate.velto
+	@scripts/show-tree build/demo cpp/library/Author.h
+
+# The whole check: with warnings as errors, then under the address and undefined behaviour sanitizers.
+test: dependencies
+	cmake --preset release -DVELTO_WARNINGS_AS_ERRORS=ON
+	cmake --build --preset release -j $(JOBS)
+	cmake --build --preset release -j $(JOBS) --target all_verify_interface_header_sets
+	$(CTEST) --test-dir build/release
+	cmake --preset sanitizers
+	cmake --build --preset sanitizers -j $(JOBS)
+	$(CTEST) --test-dir build/sanitizers
+
+# Which lines of the library the tests reach.
+coverage: dependencies
+	scripts/install-dependencies gcovr
+	cmake --preset coverage
+	cmake --build --preset coverage -j $(JOBS)
+	find build/coverage -name '*.gcda' -delete
+	$(CTEST) --test-dir build/coverage
+	gcovr --root . --filter Velto/ --exclude-throw-branches --exclude-unreachable-branches \
+	  --fail-under-line 95 build/coverage
+
+bench: dependencies
+	scripts/install-dependencies libbenchmark-dev
+	cmake --preset benchmarks
+	cmake --build --preset benchmarks -j $(JOBS)
+	for program in build/benchmarks/bin/*Benchmarks; do $$program || exit 1; done
+
+format:
+	scripts/install-dependencies clang-format
+	find Velto tools tests examples benchmarks fuzz -name '*.h' -o -name '*.cpp' 2>/dev/null | xargs clang-format -i
+
+dependencies:
+	@scripts/install-dependencies
+
+clean:
+	rm -rf build
