@@ -21,6 +21,7 @@
 #include "Velto/Platform/Fatal.h"
 #include "Velto/Platform/FileSystem.h"
 #include "Velto/Platform/MemoryFileSystem.h"
+#include "Velto/Platform/Random.h"
 #include "Velto/Platform/String.h"
 #include "Velto/Platform/Url.h"
 #include "Velto/Platform/Uuid.h"
@@ -41,4 +42,5 @@
 #include "Velto/Value/NativeFunctions.h"
 #include "Velto/Value/Object.h"
 #include "Velto/Value/Value.h"
+#include "Velto/Value/ValueConvertible.h"
 #include "Velto/Version.h"

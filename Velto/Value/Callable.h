@@ -45,9 +45,8 @@ class Arguments {
 /// throws, good during the call.
 class ReportError {
  public:
-  template <typename F>
-  requires std::invocable<const F&, const String&> &&
-      (!std::same_as<F, ReportError>)ReportError(const F& function) noexcept
+  template <std::invocable<const String&> F>
+  ReportError(const F& function) noexcept
       : function_(&function),
         invoke_([](const void* target, const String& message) { (*static_cast<const F*>(target))(message); }) {}
 

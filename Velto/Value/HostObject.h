@@ -39,6 +39,11 @@ const Properties<T>& describedProperties() {
   return properties;
 }
 
+template <typename T>
+concept DescribesItself = requires(const T& record) {
+  { record.description() } -> std::convertible_to<String>;
+};
+
 /// An object over a record of type `T`, which it shares with the host.
 template <typename T>
 class HostObject : public Object {
@@ -54,9 +59,7 @@ class HostObject : public Object {
 
   /// What the record's own `description()` says, otherwise its type and properties: "Point(x: 1, y: 2)".
   String objectDescription() const override {
-    if constexpr (requires {
-                    { record_->description() } -> std::convertible_to<String>;
-                  }) {
+    if constexpr (DescribesItself<T>) {
       return record_->description();
     } else {
       return described();

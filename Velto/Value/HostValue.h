@@ -38,6 +38,10 @@ concept HasObjectForm = requires(const T& host) {
   { asObject(host) } -> std::convertible_to<Ref<const Object>>;
 };
 
+/// What has no constructor of `HostValue` to itself.
+template <typename T>
+concept ToldByType = !OneOf<T, HostValue, Value, std::nullopt_t, std::nullptr_t>;
+
 /// A tagged host value. It is made from anything: booleans, numbers, text, values, objects, callables, arrays (any
 /// range), dictionaries (any range of pairs), optionals of and shared pointers to all these, and types with an object
 /// form. Of any other type only the name is kept, and it can't be converted.
@@ -54,10 +58,8 @@ class HostValue {
   HostValue(std::nullopt_t) noexcept {}
   HostValue(std::nullptr_t) noexcept {}
   HostValue(Value value) : content_(std::move(value)) {}
-  template <typename T>
-  requires(!std::same_as<T, HostValue> && !std::same_as<T, Value> && !std::same_as<T, std::nullopt_t> &&
-           !std::same_as<T, std::nullptr_t>) HostValue(const T& host)
-      : content_(contentOf(host)) {}
+  template <ToldByType T>
+  HostValue(const T& host) : content_(contentOf(host)) {}
 
   bool isAbsent() const noexcept { return is<std::monostate>(); }
   template <typename T>
@@ -92,12 +94,10 @@ class HostValue {
   template <typename T>
   static Content contentOf(const std::optional<T>& host);
   template <typename T>
-  requires(!std::is_void_v<T>) static Content contentOf(const std::shared_ptr<T>& host);
-  template <typename T>
-  requires std::derived_from<T, Object>
+  static Content contentOf(const std::shared_ptr<T>& host);
+  template <std::derived_from<Object> T>
   static Content contentOf(const Ref<T>& host);
-  template <typename T>
-  requires std::derived_from<T, Callable>
+  template <std::derived_from<Callable> T>
   static Content contentOf(const Ref<T>& host);
   static Content contentOf(const char* const& host);
   template <typename T>

@@ -60,22 +60,24 @@ HostValue::Content HostValue::contentOf(const std::optional<T>& host) {
 }
 
 template <typename T>
-requires(!std::is_void_v<T>) HostValue::Content HostValue::contentOf(const std::shared_ptr<T>& host) {
+HostValue::Content HostValue::contentOf(const std::shared_ptr<T>& host) {
   if (!host) return {};
   if constexpr (HasObjectForm<std::shared_ptr<T>>) {
     return contentOf(Ref<const Object>(asObject(host)));
+  } else if constexpr (std::is_void_v<T>) {
+    return Unknown{"void"};
   } else {
     return contentOf(*host);
   }
 }
 
-template <typename T>
-requires std::derived_from<T, Object> HostValue::Content HostValue::contentOf(const Ref<T>& host) {
+template <std::derived_from<Object> T>
+HostValue::Content HostValue::contentOf(const Ref<T>& host) {
   return host ? Content(Ref<const Object>(host)) : Content();
 }
 
-template <typename T>
-requires std::derived_from<T, Callable> HostValue::Content HostValue::contentOf(const Ref<T>& host) {
+template <std::derived_from<Callable> T>
+HostValue::Content HostValue::contentOf(const Ref<T>& host) {
   return host ? Content(Ref<const Callable>(host)) : Content();
 }
 

@@ -1,4 +1,4 @@
-// Anything that can turn itself into a `Value`.
+// Everything that can turn itself into a `Value`.
 #pragma once
 
 #include <concepts>
@@ -7,17 +7,16 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Values, objects and callables by an `asValue` of their own; booleans, numbers and text by the constructors.
+/// Values, objects and callables by their own `asValue`; booleans, numbers and text as what they are.
 template <typename T>
-concept ValueConvertible = requires(const T& host) {
+concept ValueConvertible = std::constructible_from<Value, const T&> || requires(const T& host) {
   { host.asValue() } -> std::convertible_to<Value>;
-}
-|| std::convertible_to<const T&, Value>;
+};
 
 template <ValueConvertible T>
 Value asValue(const T& host) {
-  if constexpr (std::convertible_to<const T&, Value>) {
-    return host;
+  if constexpr (std::constructible_from<Value, const T&>) {
+    return Value(host);
   } else {
     return host.asValue();
   }

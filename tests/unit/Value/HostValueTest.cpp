@@ -79,6 +79,7 @@ TEST(HostValueConversion, EveryKindBecomesItsValue) {
       {std::vector<std::pair<std::string, int>>{{"b", 1}, {"a", 2}}, Value::dictionaryLiteral({{"b", 1}, {"a", 2}})},
       {std::map<std::string, int>(), Value::dictionaryLiteral({})},
       {shop::Opaque(), std::nullopt},
+      {std::shared_ptr<void>(std::make_shared<int>(1)), std::nullopt},
       {red, std::nullopt},
       {std::make_pair(1, 2), std::nullopt},
       {std::vector<HostValue>{1, shop::Opaque()}, std::nullopt},
