@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+// Symbols are hidden unless their header exports them. Classes take the visibility of the namespace; free functions say
+// it for themselves, since compilers differ on whether a definition elsewhere takes it, too.
 namespace [[gnu::visibility("default")]] velto {
 
 /// The integer of the whole interface: lines, columns, counts and indices.

@@ -9,6 +9,7 @@
 #include "Velto/Interpreter/Function.h"
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/Resolver.h"
+#include "Velto/Library/ArrayMembers.h"
 #include "Velto/Library/Geometry.h"
 #include "Velto/Library/JSONLibrary.h"
 #include "Velto/Library/Library.h"

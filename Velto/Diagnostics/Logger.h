@@ -46,6 +46,6 @@ class StandardErrorOutputStream {
 };
 
 /// Writes `string` and `terminator` to standard error. There is nothing for `separator` to separate.
-void printError(const String& string, std::string_view separator = ", ", std::string_view terminator = "\n");
+[[gnu::visibility("default")]] void printError(const String& string, std::string_view separator = ", ", std::string_view terminator = "\n");
 
 }  // namespace velto

@@ -28,9 +28,9 @@ class Message {
 };
 
 /// "error", "warning" or "info".
-std::string_view rawValue(Message::Level level) noexcept;
+[[gnu::visibility("default")]] std::string_view rawValue(Message::Level level) noexcept;
 
 /// The level with exactly this raw value.
-std::optional<Message::Level> levelWithRawValue(std::string_view rawValue) noexcept;
+[[gnu::visibility("default")]] std::optional<Message::Level> levelWithRawValue(std::string_view rawValue) noexcept;
 
 }  // namespace velto

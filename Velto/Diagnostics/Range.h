@@ -41,6 +41,6 @@ struct Range {
 };
 
 /// From the start of `first` to the end of `last`.
-Range spanning(const Range& first, const Range& last);
+[[gnu::visibility("default")]] Range spanning(const Range& first, const Range& last);
 
 }  // namespace velto

@@ -37,8 +37,8 @@ struct CGRect {
 
 // The records as objects, under the names of their fields; a rectangle has `center`, and `width` and `height` without
 // their sign, too. As values they are equal to nothing, themselves included.
-Ref<const Object> asObject(const CGPoint& point);
-Ref<const Object> asObject(const CGSize& size);
-Ref<const Object> asObject(const CGRect& rect);
+[[gnu::visibility("default")]] Ref<const Object> asObject(const CGPoint& point);
+[[gnu::visibility("default")]] Ref<const Object> asObject(const CGSize& size);
+[[gnu::visibility("default")]] Ref<const Object> asObject(const CGRect& rect);
 
 }  // namespace velto

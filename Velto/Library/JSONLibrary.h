@@ -24,6 +24,6 @@ class JSONLibrary final : public Library {
 
 /// The value of a JSON document (RFC 8259, UTF-8, one byte order mark is skipped), scalars at the top level included;
 /// nothing if it isn't valid. A repeated key keeps the place of the first and the value of the last.
-std::optional<Value> parseJSON(std::string document);
+[[gnu::visibility("default")]] std::optional<Value> parseJSON(std::string document);
 
 }  // namespace velto

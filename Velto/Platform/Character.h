@@ -34,11 +34,10 @@ class Character {
 };
 
 /// `nextBoundary` for any text, by the rules of segmentation alone.
-std::size_t nextBoundaryByRules(std::string_view text, std::size_t offset) noexcept;
+[[gnu::visibility("default")]] std::size_t nextBoundaryByRules(std::string_view text, std::size_t offset) noexcept;
 
-// Declared once more for the linker: a friend alone doesn't take part in the visibility of its namespace.
-bool operator==(Character left, Character right) noexcept;
-std::strong_ordering operator<=>(Character left, Character right) noexcept;
+[[gnu::visibility("default")]] bool operator==(Character left, Character right) noexcept;
+[[gnu::visibility("default")]] std::strong_ordering operator<=>(Character left, Character right) noexcept;
 
 /// The offset in bytes behind the cluster that begins at `offset`, which must be a boundary below `text.size()`.
 /// Between two ASCII characters there is always a boundary, CR LF excepted.
@@ -49,10 +48,10 @@ inline std::size_t nextBoundary(std::string_view text, std::size_t offset) noexc
 }
 
 /// The offset in bytes of the cluster that ends at `offset`, which must be a boundary above 0.
-std::size_t previousBoundary(std::string_view text, std::size_t offset) noexcept;
+[[gnu::visibility("default")]] std::size_t previousBoundary(std::string_view text, std::size_t offset) noexcept;
 
 /// The number of clusters of well-formed UTF-8.
-Int characterCount(std::string_view text) noexcept;
+[[gnu::visibility("default")]] Int characterCount(std::string_view text) noexcept;
 
 /// The clusters of a text in order: `for (Character character : Characters(text))`.
 class Characters {

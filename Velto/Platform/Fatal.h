@@ -12,10 +12,10 @@ namespace [[gnu::visibility("default")]] velto {
 using FatalHook = void (*)(std::string_view what);
 
 /// Installs `hook` for the whole process, none if null, and returns the one before.
-FatalHook setFatalHook(FatalHook hook) noexcept;
+[[gnu::visibility("default")]] FatalHook setFatalHook(FatalHook hook) noexcept;
 
 /// For a violated precondition: writes all pending output, then "fatal: ", `what` and a line feed to standard error,
 /// calls the hook and aborts.
-[[noreturn]] void fatalError(std::string_view what);
+[[noreturn, gnu::visibility("default")]] void fatalError(std::string_view what);
 
 }  // namespace velto

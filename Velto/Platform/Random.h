@@ -8,9 +8,9 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-void fillRandom(std::span<std::byte> bytes);
+[[gnu::visibility("default")]] void fillRandom(std::span<std::byte> bytes);
 
 /// Eight bytes from the system's random source.
-Int random();
+[[gnu::visibility("default")]] Int random();
 
 }  // namespace velto

@@ -71,9 +71,8 @@ class String {
   Ref<const Storage> storage_;  // empty for the empty text
 };
 
-// Declared once more for the linker: a friend alone doesn't take part in the visibility of its namespace.
-bool operator==(const String& left, const String& right) noexcept;
-std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
+[[gnu::visibility("default")]] bool operator==(const String& left, const String& right) noexcept;
+[[gnu::visibility("default")]] std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
 
 /// Collects pieces of well-formed text.
 class StringBuilder {
@@ -96,7 +95,7 @@ class StringBuilder {
 };
 
 /// "12", "-3": decimal, without grouping.
-String decimal(Int number);
+[[gnu::visibility("default")]] String decimal(Int number);
 
 }  // namespace velto
 

@@ -10,9 +10,9 @@ namespace [[gnu::visibility("default")]] velto {
 
 /// The name of a type with its template arguments, all without namespaces and enclosing classes: "String",
 /// "Pair<Point>".
-String printedTypeName(const std::type_info& type);
+[[gnu::visibility("default")]] String printedTypeName(const std::type_info& type);
 
 /// The same without the arguments: "Pair".
-String unqualifiedTypeName(const std::type_info& type);
+[[gnu::visibility("default")]] String unqualifiedTypeName(const std::type_info& type);
 
 }  // namespace velto

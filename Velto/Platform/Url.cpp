@@ -9,10 +9,10 @@
 namespace velto {
 namespace {
 
-std::string_view withoutSlashesAtEnd(std::string_view path) {
-  const std::size_t last = path.find_last_not_of('/');
-  if (last != path.npos) return path.substr(0, last + 1);
-  return path.substr(0, path.empty() ? 0 : 1);
+/// The root keeps its slash.
+String withoutSlashesAtEnd(const String& path) {
+  const std::size_t last = path.view().find_last_not_of('/');
+  return path.slice(0, last != std::string_view::npos ? last + 1 : std::min<std::size_t>(path.size(), 1));
 }
 
 std::string_view withoutSlashesAtStart(std::string_view path) {
@@ -43,7 +43,7 @@ void fold(std::vector<std::string_view>& parts, std::string_view part, bool isAb
 
 }  // namespace
 
-Url::Url(const String& path) : Url(String::fromWellFormed(withoutSlashesAtEnd(path)), path.view().ends_with('/')) {
+Url::Url(const String& path) : Url(withoutSlashesAtEnd(path), path.view().ends_with('/')) {
 }
 
 Url Url::directory(const String& path) {

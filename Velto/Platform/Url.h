@@ -32,7 +32,10 @@ class Url {
   const String& path() const noexcept { return path_; }
   bool isDirectory() const noexcept { return isDirectory_; }
 
-  friend bool operator==(const Url&, const Url&) noexcept = default;
+  /// By bytes: names that are canonically equivalent are different files.
+  friend bool operator==(const Url& left, const Url& right) noexcept {
+    return left.path_.view() == right.path_.view() && left.isDirectory_ == right.isDirectory_;
+  }
 
  private:
   Url(String path, bool isDirectory) : path_(std::move(path)), isDirectory_(isDirectory) {}

@@ -19,13 +19,13 @@ enum class TokenType : std::uint8_t {
 };
 
 /// The name of the case as users see it: "identifier", "break".
-std::string_view name(TokenType type) noexcept;
+[[gnu::visibility("default")]] std::string_view name(TokenType type) noexcept;
 
 /// The lexeme of the tokens of this type, shared by all of them; empty where each token has its own.
-const String& usualLexeme(TokenType type);
+[[gnu::visibility("default")]] const String& usualLexeme(TokenType type);
 
 /// The reserved words, each with its type.
-const std::unordered_map<String, TokenType>& keywords();
+[[gnu::visibility("default")]] const std::unordered_map<String, TokenType>& keywords();
 
 /// One lexical unit.
 struct Token {

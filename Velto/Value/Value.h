@@ -154,11 +154,10 @@ class Value {
 
 static_assert(sizeof(Value) == 16);
 
-// Declared once more for the linker: a friend alone doesn't take part in the visibility of its namespace.
-bool operator==(const Value& left, const Value& right);
+[[gnu::visibility("default")]] bool operator==(const Value& left, const Value& right);
 
 /// What a number prints as: the C format "%g", with "nan" for every NaN.
-String numberDescription(double number);
+[[gnu::visibility("default")]] String numberDescription(double number);
 
 }  // namespace velto
 

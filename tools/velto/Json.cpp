@@ -8,30 +8,38 @@
 namespace command::json {
 namespace {
 
-/// Empty for a character that stands for itself.
-std::string escape(char character) {
+void append(char character, std::string& result) {
   constexpr std::string_view hexadecimal = "0123456789abcdef";
+  const auto byte = static_cast<unsigned char>(character);
   switch (character) {
     case '"':
-      return "\\\"";
-    case '\\':
-      return "\\\\";
-    case '\n':
-      return "\\n";
-    case '\r':
-      return "\\r";
-    case '\t':
-      return "\\t";
-    case '\b':
-      return "\\b";
-    case '\f':
-      return "\\f";
-    default:
+      result += "\\\"";
       break;
+    case '\\':
+      result += "\\\\";
+      break;
+    case '\n':
+      result += "\\n";
+      break;
+    case '\r':
+      result += "\\r";
+      break;
+    case '\t':
+      result += "\\t";
+      break;
+    case '\b':
+      result += "\\b";
+      break;
+    case '\f':
+      result += "\\f";
+      break;
+    default:
+      if (byte < 0x20) {
+        result.append("\\u00") += {hexadecimal[byte / 16], hexadecimal[byte % 16]};
+      } else {
+        result += character;
+      }
   }
-  const auto byte = static_cast<unsigned char>(character);
-  if (byte >= 0x20) return "";
-  return std::string("\\u00") + hexadecimal[byte / 16] + hexadecimal[byte % 16];
 }
 
 std::string literal(const velto::Value& value) {
@@ -43,14 +51,7 @@ std::string literal(const velto::Value& value) {
 
 std::string quoted(std::string_view text) {
   std::string result = "\"";
-  for (const char character : text) {
-    const std::string escaped = escape(character);
-    if (escaped.empty()) {
-      result += character;
-    } else {
-      result += escaped;
-    }
-  }
+  for (const char character : text) append(character, result);
   return result + '"';
 }
 

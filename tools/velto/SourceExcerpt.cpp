@@ -30,33 +30,33 @@ std::string shown(Character character) {
   return isControl ? " " : std::string(character.text());
 }
 
-std::string markerOf(std::string indentation, Int length) {
-  return indentation + "^" + std::string(static_cast<std::size_t>(length - 1), '~');
+/// Of a line that "\r\n" divides, the division that holds the start of the range is shown.
+SourceExcerpt excerptOf(std::string_view rest, const velto::Range& range) {
+  SourceExcerpt excerpt;
+  Int column = 1;
+  for (const Character character : Characters(rest)) {
+    const bool isDivision = character == "\r\n";
+    if (character == "\n" || (isDivision && column >= range.startColumn)) break;
+    if (isDivision) {
+      excerpt = SourceExcerpt();
+    } else {
+      excerpt.line += shown(character);
+      if (column < range.startColumn) excerpt.marker += character == "\t" ? "\t" : " ";
+    }
+    ++column;
+  }
+  const Int end = range.endLine == range.startLine ? std::min(range.endColumn, column) : column;
+  excerpt.marker += "^" + std::string(static_cast<std::size_t>(std::max<Int>(1, end - range.startColumn) - 1), '~');
+  return excerpt;
 }
 
 }  // namespace
 
 std::optional<SourceExcerpt> SourceExcerpts::excerpt(const velto::Range& range) {
   const std::optional<velto::String>& text = textOf(range.file);
-  const auto rest = text && range.startLine > 0 ? fromLine(*text, range.startLine) : std::nullopt;
+  const auto rest = text ? fromLine(*text, range.startLine) : std::nullopt;
   if (!rest) return std::nullopt;
-  std::string line;
-  std::string indentation;
-  Int column = 1;
-  for (const Character character : Characters(*rest)) {
-    const bool isLineBreak = character == "\n" || character == "\r\n";
-    if (isLineBreak && (column >= range.startColumn || character == "\n")) break;
-    if (isLineBreak) {
-      line.clear();
-      indentation.clear();
-    } else {
-      line += shown(character);
-      if (column < range.startColumn) indentation += character == "\t" ? "\t" : " ";
-    }
-    ++column;
-  }
-  const Int end = range.endLine == range.startLine ? std::min(range.endColumn, column) : column;
-  return SourceExcerpt{line, markerOf(indentation, std::max<Int>(1, end - range.startColumn))};
+  return excerptOf(*rest, range);
 }
 
 const std::optional<velto::String>& SourceExcerpts::textOf(const velto::String& file) {

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "tests/unit/Parser/SmallStack.h"
 #include "tests/unit/Parser/TreePrinter.h"
 
 namespace velto {
@@ -88,22 +89,19 @@ TEST(Nodes, LetPassWhatAVisitThrows) {
   EXPECT_NO_THROW(onlyExpression("1").accept(visitor));
 }
 
-std::string repeated(std::string_view piece, int count) {
-  std::string all;
-  for (int index = 0; index < count; ++index) all += piece;
-  return all;
-}
-
 TEST(Nodes, AreFreedHoweverDeepTheyAre) {
   for (const char* link : {" + 1", ".b", "[0]", "()", " is T", " && x"}) {
     const auto logger = std::make_shared<ArrayLogger>();
-    EXPECT_EQ(Parser(programTokens("a" + repeated(link, 50'000)), logger).parse().size(), 1u);
+    Statements statements = Parser(programTokens("a" + repeated(link, 50'000)), logger).parse();
+    EXPECT_EQ(statements.size(), 1u);
     EXPECT_TRUE(logger->messages.empty());
+    onSmallStack([&] { statements.clear(); });
   }
 }
 
 TEST(Nodes, AreFreedWhenTheirChainFails) {
-  EXPECT_EQ(parsedProgram("a" + repeated("+1", 50'000) + "+)"), "! 1:100003-1:100004 Expected expression.");
+  const std::vector<Token> tokens = programTokens("a" + repeated("+1", 50'000) + "+)");
+  onSmallStack([&] { EXPECT_EQ(parsed(tokens), "! 1:100003-1:100004 Expected expression."); });
 }
 
 }  // namespace

@@ -468,8 +468,6 @@ TEST_F(LocalFilesTest, KnowsTheCurrentDirectory) {
 
 TEST_F(LocalFilesTest, AFatalStopFindsAllWritten) {
   const auto print = [&] {
-    files->standardError();
-    files->descriptor(1)->write("");
     const auto file = files->create(at("a"));
     file->write("before");
     fatalError("stop");

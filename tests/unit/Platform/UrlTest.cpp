@@ -112,6 +112,10 @@ TEST(UrlTest, EqualAddressesHaveEqualHashes) {
   EXPECT_EQ(Url("a/b").standardized(), Url("a/./b").standardized());
 }
 
+TEST(UrlTest, EquivalentNamesAreDifferentFiles) {
+  EXPECT_NE(Url("e\xCC\x81"), Url("\xC3\xA9"));
+}
+
 class UrlResolvingTest : public testing::Test {
  protected:
   static std::string resolved(std::string_view text, const Url& base = Url("/work/dir/")) {
