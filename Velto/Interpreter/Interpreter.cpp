@@ -79,6 +79,8 @@ void Interpreter::interpretStatement(const Statement& statement) {
     throw;  // the host's to deal with
   } catch (const std::exception& error) {
     fatalError(String::concatenation({"Unknown exception ", error.what()}));
+  } catch (...) {
+    fatalError("Unknown exception of a foreign type");
   }
 }
 

@@ -138,8 +138,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   bool executeBranch(const IfBranch& branch);
   bool executeLoopBody(const Statements& body);
   void iterate(const For& node, const Value& sequence);
-  void iterateIntegers(const For& node, Int lower, Int upper);
-  void iterateArray(const For& node, const Array& array);
+  void iterateIntegers(const For& node, const Token& name, Int lower, Int upper);
+  void iterateArray(const For& node, const Token& name, const Array& array);
   void iterateDictionary(const For& node, const Dictionary& dictionary);
   const Token& loopVariable(const For& node);
   bool matches(const Value& value, const Pattern& pattern);

@@ -56,12 +56,13 @@ void Interpreter::visitFor(const For& node) {
 
 void Interpreter::iterate(const For& node, const Value& sequence) {
   if (const CountableRange* open = sequence.openRange()) {
-    iterateIntegers(node, open->lower, open->upper);
+    iterateIntegers(node, loopVariable(node), open->lower, open->upper);
   } else if (const CountableClosedRange* closed = sequence.closedRange()) {
+    const Token& name = loopVariable(node);
     if (closed->upper == std::numeric_limits<Int>::max()) fatalError("A loop can't run up to the largest integer.");
-    iterateIntegers(node, closed->lower, closed->upper + 1);
+    iterateIntegers(node, name, closed->lower, closed->upper + 1);
   } else if (const Array* array = sequence.array()) {
-    iterateArray(node, *array);
+    iterateArray(node, loopVariable(node), *array);
   } else if (const Dictionary* dictionary = sequence.dictionary()) {
     iterateDictionary(node, *dictionary);
   } else {
@@ -69,16 +70,14 @@ void Interpreter::iterate(const For& node, const Value& sequence) {
   }
 }
 
-void Interpreter::iterateIntegers(const For& node, Int lower, Int upper) {
-  const Token& name = loopVariable(node);
+void Interpreter::iterateIntegers(const For& node, const Token& name, Int lower, Int upper) {
   for (Int number = lower; number < upper; ++number) {
     current().assign(name, number);
     if (!executeLoopBody(node.body)) return;
   }
 }
 
-void Interpreter::iterateArray(const For& node, const Array& array) {
-  const Token& name = loopVariable(node);
+void Interpreter::iterateArray(const For& node, const Token& name, const Array& array) {
   for (const Value& element : array.elements()) {
     current().assign(name, element);
     if (!executeLoopBody(node.body)) return;

@@ -46,17 +46,33 @@ void Interpreter::visitDictionarySubscript(const Subscript& node, const Dictiona
 
 namespace {
 
-/// The characters from `lower` up to but not including `upper`; nothing if the text hasn't got them all.
-std::optional<String> characters(const String& text, Int lower, Int upper) {
-  if (lower < 0) return std::nullopt;
+/// The same as `characters`, for any text.
+std::optional<String> charactersByBoundaries(const String& text, std::size_t first, std::size_t last) {
   const Characters all(text);
   Characters::Iterator character = all.begin();
   std::size_t start = 0;
-  for (Int position = 0; position < upper; ++position, ++character) {
+  for (std::size_t position = 0; position < last; ++position, ++character) {
     if (character == all.end()) return std::nullopt;
-    if (position == lower) start = character.offset();
+    if (position == first) start = character.offset();
   }
-  return lower == upper ? String() : text.slice(start, character.offset() - start);
+  return first == last ? String() : text.slice(start, character.offset() - start);
+}
+
+/// Whether each of the first `count` bytes is a character by itself, whatever follows.
+bool areBytesCharacters(const String& text, std::size_t count) {
+  return text.isASCII() && text.view().substr(0, count).find('\r') == std::string_view::npos;
+}
+
+/// The characters from `lower` up to but not including `upper`; nothing if the text hasn't got them all.
+std::optional<String> characters(const String& text, Int lower, Int upper) {
+  if (lower < 0) return std::nullopt;
+  const auto first = static_cast<std::size_t>(lower);
+  const auto last = static_cast<std::size_t>(upper);
+  if (areBytesCharacters(text, last)) {
+    if (last > text.size()) return std::nullopt;
+    return text.slice(first, last - first);
+  }
+  return charactersByBoundaries(text, first, last);
 }
 
 }  // namespace

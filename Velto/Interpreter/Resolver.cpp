@@ -19,6 +19,8 @@ void Resolver::resolve(const Statements& statements) {
     throw;  // the host's to deal with
   } catch (const std::exception& error) {
     fatalError(String::concatenation({"Unknown exception ", error.what()}));
+  } catch (...) {
+    fatalError("Unknown exception of a foreign type");
   }
 }
 

@@ -5,8 +5,6 @@
 #include "Velto/Platform/FileSystem.h"
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
-#include "Velto/Value/Array.h"
-#include "Velto/Value/Dictionary.h"
 #include "Velto/Value/NativeFunctions.h"
 
 namespace velto {

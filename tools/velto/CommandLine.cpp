@@ -109,9 +109,7 @@ void addRender(CLI::App& app, Work& work) {
 void addCheck(CLI::App& app, Work& work) {
   const auto [command, options] = addCommand(app, work, "check", "Looks for errors without running anything", check);
   addMode(command, options.mode);
-  // Otherwise a file "[a]" would be taken as a list.
-  constexpr bool readsLists = false;
-  command.add_option("FILE", options.files, "The files")->required()->type_name("")->allow_extra_args(readsLists);
+  command.add_option("FILE", options.files, "The files")->required()->type_name("");
 }
 
 void addTokens(CLI::App& app, Work& work) {

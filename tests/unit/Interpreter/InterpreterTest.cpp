@@ -163,6 +163,32 @@ TEST_F(InterpreterTest, ReportsExhaustionOfTheStackAndGoesOn) {
   EXPECT_EQ(host.output(), "1");
 }
 
+TEST_F(InterpreterTest, ReportsExhaustionOnEveryRoadBackToItself) {
+  host.files->files["/base/include"] = "<% include \"include\" %>";
+  host.files->files["/base/process"] = "<% process(\"process\", into: \"/out\") %>";
+  host.files->files["/base/execute"] = "execute(\"execute\")";
+  for (const char* program :
+       {"func f(_ x) [1].map(f) end f(1)", "func f(_ x) [1].filter(f) end f(1)",
+        "func f(_ a, _ b) [1, 2].sorted(by: f) end f(1, 2)", "func f() return \"\\(f())\" end f()",
+        "include \"include\"", "process(\"process\", into: \"/out\")", "execute(\"execute\")"}) {
+    host.logger->messages.clear();
+    Interpreter another(Url("base"), host.logger, host.files);
+    Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
+    Parser parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger);
+    another.interpret(parser.parse());
+    ASSERT_FALSE(host.logger->messages.empty()) << program;
+    EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.") << program;
+    EXPECT_TRUE(another.hadError);
+    EXPECT_EQ(another.stack().size(), 1u);
+  }
+}
+
+TEST_F(InterpreterTest, ChecksTheNumberOfLoopVariablesFirst) {
+  interpreter.globals().define("largest", makeRef<CountableClosedRange>(0, std::numeric_limits<Int>::max()));
+  interpret("for (a, b) in largest end");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:5...1:11: error: For loop expected a single variable."));
+}
+
 TEST_F(InterpreterTest, SeesAHostsWriteToTheValues) {
   interpret("var a = 1 func f() return a end");
   interpreter.globals().values.set("a", 2);
@@ -227,6 +253,16 @@ TEST_F(InterpreterDeathTest, StopsAtNumbersThatAreNoIntegers) {
 
 TEST_F(InterpreterDeathTest, StopsWhenTheGlobalsArePopped) {
   EXPECT_DEATH(interpreter.popEnvironment(), "fatal: The outermost scope can't be popped.");
+}
+
+TEST_F(InterpreterDeathTest, StopsAtALoopUpToTheLargestInteger) {
+  interpreter.globals().define("largest", makeRef<CountableClosedRange>(0, std::numeric_limits<Int>::max()));
+  EXPECT_DEATH(interpret("for a in largest end"), "fatal: A loop can't run up to the largest integer.");
+}
+
+TEST_F(InterpreterDeathTest, StopsAtAnythingThrown) {
+  interpreter.globals().define("f", makeRef<Function0>("f", []() -> Value { throw 42; }));
+  EXPECT_DEATH(interpret("f()"), "fatal: Unknown exception of a foreign type");
 }
 
 TEST_F(InterpreterDeathTest, StopsAtAForeignException) {
