@@ -252,7 +252,7 @@ TEST(JSONDocumentTest, TakesLargeDocuments) {
 
 class LoadJSONTest : public testing::Test {
  protected:
-  Value load(const Value& path, std::optional<Url> base = Url("/work/")) {
+  Value load(const Value& path, std::optional<Url> base = Url("/base/")) {
     Interpreter interpreter(std::move(base), std::make_shared<ArrayLogger>(), files);
     return call(interpreter, path);
   }
@@ -276,17 +276,17 @@ TEST_F(LoadJSONTest, IsAFunctionOfOneUnlabelledValue) {
 }
 
 TEST_F(LoadJSONTest, ReadsArraysAndObjects) {
-  files->files["/work/a.json"] = R"([1, "a", true, null, {"k": 2.5}])";
-  files->files["/work/b.json"] = "\xEF\xBB\xBF{\"k\": [2]}";
+  files->files["/base/a.json"] = R"([1, "a", true, null, {"k": 2.5}])";
+  files->files["/base/b.json"] = "\xEF\xBB\xBF{\"k\": [2]}";
   EXPECT_EQ(shown(load("a.json")), "[1,'a',true,nil,{'k':2.5,},]");
   EXPECT_EQ(shown(load("b.json")), "{'k':[2,],}");
 }
 
 TEST_F(LoadJSONTest, EveryFailureIsNil) {
-  files->files = {{"/work/number", "42"}, {"/work/text", "\"text\""}, {"/work/null", "null"}, {"/work/empty", ""},
-                  {"/work/bad", "[1"},    {"/work/a b", "[1]"},       {"/work/list", "[1]"}};
-  for (const char* path : {"number", "text", "null", "empty", "bad", "missing", "a b", "", ".", "http://host/work/list",
-                           "//host/work/list", "list%00", "%ff"}) {
+  files->files = {{"/base/number", "42"}, {"/base/text", "\"text\""}, {"/base/null", "null"}, {"/base/empty", ""},
+                  {"/base/bad", "[1"},    {"/base/a b", "[1]"},       {"/base/list", "[1]"}};
+  for (const char* path : {"number", "text", "null", "empty", "bad", "missing", "a b", "", ".", "http://host/base/list",
+                           "//host/base/list", "list%00", "%ff"}) {
     EXPECT_TRUE(load(path).isNil()) << path;
   }
   EXPECT_TRUE(load(3).isNil());
@@ -296,7 +296,7 @@ TEST_F(LoadJSONTest, EveryFailureIsNil) {
 }
 
 TEST_F(LoadJSONTest, ResolvesThePathAsAUrl) {
-  files->files = {{"/work/a b.json", "[1]"}, {"/a.json", "[2]"}, {"/work/sub/a.json", "[3]"}};
+  files->files = {{"/base/a b.json", "[1]"}, {"/a.json", "[2]"}, {"/base/sub/a.json", "[3]"}};
   EXPECT_EQ(shown(load("a%20b.json")), "[1,]");
   EXPECT_EQ(shown(load("/a.json")), "[2,]");
   EXPECT_EQ(shown(load("../a.json")), "[2,]");
@@ -305,11 +305,11 @@ TEST_F(LoadJSONTest, ResolvesThePathAsAUrl) {
 }
 
 TEST_F(LoadJSONTest, ABaseThatIsADirectoryCountsAsOne) {
-  files->files = {{"/work/a.json", "[1]"}, {"/a.json", "[2]"}};
-  EXPECT_EQ(shown(load("a.json", Url("/work"))), "[1,]");
-  EXPECT_EQ(shown(load("a.json", Url::directory("/work"))), "[1,]");
+  files->files = {{"/base/a.json", "[1]"}, {"/a.json", "[2]"}};
+  EXPECT_EQ(shown(load("a.json", Url("/base"))), "[1,]");
+  EXPECT_EQ(shown(load("a.json", Url::directory("/base"))), "[1,]");
   EXPECT_EQ(shown(load("a.json", Url("work"))), "[1,]");
-  EXPECT_EQ(shown(load("a.json", Url("/work/a.json"))), "[1,]");
+  EXPECT_EQ(shown(load("a.json", Url("/base/a.json"))), "[1,]");
   EXPECT_EQ(shown(load("a.json", Url("/missing"))), "[2,]");
 }
 
@@ -319,12 +319,12 @@ TEST_F(LoadJSONTest, WithoutABaseTheCurrentDirectoryIsOne) {
 }
 
 TEST_F(LoadJSONTest, TheLibraryKeepsItsBase) {
-  files->files["/work/a.json"] = "[1]";
+  files->files["/base/a.json"] = "[1]";
   const auto library = std::make_shared<JSONLibrary>();
   EXPECT_FALSE(library->baseURL());
-  Interpreter interpreter(Url("/work"), std::make_shared<ArrayLogger>(), files);
+  Interpreter interpreter(Url("/base"), std::make_shared<ArrayLogger>(), files);
   interpreter.load(library);
-  EXPECT_EQ(library->baseURL(), Url("/work/"));
+  EXPECT_EQ(library->baseURL(), Url("/base/"));
   EXPECT_EQ(shown(call(interpreter, "a.json")), "[1,]");
   Interpreter other(Url("/"), std::make_shared<ArrayLogger>(), files);
   other.load(library);

@@ -6,9 +6,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -377,6 +380,105 @@ TEST_F(LocalFilesTest, WritesAllThroughShortWrites) {
   writer.join();
   ::close(pipe[0]);
   EXPECT_EQ(received, content);
+}
+
+TEST_F(LocalFilesTest, WaitsForASlowReaderOfAPipeThatDoesNotBlock) {
+  int pipe[2];
+  ASSERT_EQ(::pipe2(pipe, O_NONBLOCK), 0);
+  const std::string content(300'000, 'x');
+  std::thread writer([&] {
+    files->descriptor(pipe[1])->write(content);
+    ::close(pipe[1]);
+  });
+  std::string received;
+  char part[20'000];
+  for (ssize_t count = -1; count != 0;) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    count = ::read(pipe[0], part, sizeof part);
+    if (count > 0) received.append(part, static_cast<std::size_t>(count));
+  }
+  writer.join();
+  ::close(pipe[0]);
+  EXPECT_EQ(received, content);
+}
+
+/// A pipe that nobody reads any more, and what SIGPIPE does in this thread.
+class ClosedPipeTest : public testing::Test {
+ protected:
+  ClosedPipeTest() {
+    int ends[2];
+    if (::pipe(ends) != 0) throw std::runtime_error("no pipe");
+    ::close(ends[0]);
+    writingEnd = ends[1];
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGPIPE);
+    pthread_sigmask(SIG_SETMASK, nullptr, &maskBefore);
+  }
+  ~ClosedPipeTest() override {
+    takeSignal();
+    pthread_sigmask(SIG_SETMASK, &maskBefore, nullptr);
+    ::close(writingEnd);
+  }
+
+  void write() const {
+    FileSystem::local()->descriptor(writingEnd)->write("nobody reads this");
+    FileSystem::flush();
+  }
+
+  static bool isBlocked() {
+    sigset_t mask;
+    pthread_sigmask(SIG_SETMASK, nullptr, &mask);
+    return sigismember(&mask, SIGPIPE) == 1;
+  }
+
+  bool takeSignal() const {
+    constexpr timespec atOnce{};
+    return sigtimedwait(&signals, nullptr, &atOnce) == SIGPIPE;
+  }
+
+  void block() const { pthread_sigmask(SIG_BLOCK, &signals, nullptr); }
+
+  int writingEnd;
+  sigset_t signals;
+  sigset_t maskBefore;
+};
+
+TEST_F(ClosedPipeTest, DoesNotEndTheProcess) {
+  ASSERT_FALSE(isBlocked());
+  write();
+  EXPECT_FALSE(isBlocked()) << "later signals must come as before";
+}
+
+TEST_F(ClosedPipeTest, LeavesTheSignalOfOtherWritesAlone) {
+  write();
+  EXPECT_EXIT((void)!::write(writingEnd, "x", 1), testing::KilledBySignal(SIGPIPE), "");
+}
+
+TEST_F(ClosedPipeTest, LeavesNoSignalToAHostThatBlocksIt) {
+  block();
+  write();
+  EXPECT_TRUE(isBlocked());
+  EXPECT_FALSE(takeSignal());
+}
+
+TEST_F(ClosedPipeTest, KeepsASignalThatWasPendingBefore) {
+  block();
+  ::raise(SIGPIPE);
+  write();
+  EXPECT_TRUE(takeSignal());
+}
+
+TEST_F(ClosedPipeTest, LetsTheOutputsBehindItThrough) {
+  write();
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  FileSystem::local()->descriptor(ends[1])->write("x");
+  FileSystem::flush();
+  char received = 0;
+  EXPECT_EQ(::read(ends[0], &received, 1), 1);
+  EXPECT_EQ(received, 'x');
+  ::close(ends[0]);
+  ::close(ends[1]);
 }
 
 TEST_F(LocalFilesTest, CreatesDirectoriesWithTheirParents) {

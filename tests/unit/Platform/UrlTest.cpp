@@ -14,7 +14,7 @@ std::string textOf(const Url& url) {
 }
 
 TEST(UrlTest, KeepsThePathAsGiven) {
-  for (const char* path : {"a", "dir/main.velto", "/work/a", "./a", "../a", "a//b", "a b", "%20", "\xC3\xA9", ""}) {
+  for (const char* path : {"a", "dir/main.velto", "/base/a", "./a", "../a", "a//b", "a b", "%20", "\xC3\xA9", ""}) {
     EXPECT_EQ(textOf(Url(path)), path);
     EXPECT_FALSE(Url(path).isDirectory()) << path;
   }
@@ -118,7 +118,7 @@ TEST(UrlTest, EquivalentNamesAreDifferentFiles) {
 
 class UrlResolvingTest : public testing::Test {
  protected:
-  static std::string resolved(std::string_view text, const Url& base = Url("/work/dir/")) {
+  static std::string resolved(std::string_view text, const Url& base = Url("/base/dir/")) {
     const std::optional<Url> url = Url::resolving(text, base, Url("/home/"));
     return url ? textOf(*url) : "none";
   }
@@ -126,34 +126,34 @@ class UrlResolvingTest : public testing::Test {
 
 TEST_F(UrlResolvingTest, FollowsTheRulesOfReferences) {
   const std::vector<std::pair<const char*, const char*>> table = {
-      {"a.json", "/work/dir/a.json"},
-      {"x/a.json", "/work/dir/x/a.json"},
-      {"./a", "/work/dir/a"},
-      {"../a", "/work/a"},
+      {"a.json", "/base/dir/a.json"},
+      {"x/a.json", "/base/dir/x/a.json"},
+      {"./a", "/base/dir/a"},
+      {"../a", "/base/a"},
       {"../../a", "/a"},
       {"../../../../a", "/a"},
-      {"x/../a", "/work/dir/a"},
-      {"x/./a", "/work/dir/x/a"},
-      {"x/..", "/work/dir"},
-      {"..", "/work"},
-      {".", "/work/dir"},
+      {"x/../a", "/base/dir/a"},
+      {"x/./a", "/base/dir/x/a"},
+      {"x/..", "/base/dir"},
+      {"..", "/base"},
+      {".", "/base/dir"},
       {"/a", "/a"},
       {"/x/../a", "/a"},
       {"/../a", "/a"},
-      {"", "/work/dir"},
-      {"a//b", "/work/dir/a//b"},
-      {"a//../b", "/work/dir/a/b"},
-      {"./a:b", "/work/dir/a:b"},
-      {"...", "/work/dir/..."},
+      {"", "/base/dir"},
+      {"a//b", "/base/dir/a//b"},
+      {"a//../b", "/base/dir/a/b"},
+      {"./a:b", "/base/dir/a:b"},
+      {"...", "/base/dir/..."},
   };
   for (const auto& [text, path] : table) EXPECT_EQ(resolved(text), path) << text;
 }
 
 TEST_F(UrlResolvingTest, ABaseThatIsNoDirectoryLosesItsLastComponent) {
-  EXPECT_EQ(resolved("a", Url("/work/dir")), "/work/a");
-  EXPECT_EQ(resolved("../a", Url("/work/dir")), "/a");
-  EXPECT_EQ(resolved("", Url("/work/dir")), "/work/dir");
-  EXPECT_EQ(resolved("a", Url::directory("/work/dir")), "/work/dir/a");
+  EXPECT_EQ(resolved("a", Url("/base/dir")), "/base/a");
+  EXPECT_EQ(resolved("../a", Url("/base/dir")), "/a");
+  EXPECT_EQ(resolved("", Url("/base/dir")), "/base/dir");
+  EXPECT_EQ(resolved("a", Url::directory("/base/dir")), "/base/dir/a");
   EXPECT_EQ(resolved("a", Url("/")), "/a");
 }
 
@@ -170,12 +170,12 @@ TEST_F(UrlResolvingTest, TheBaseIsAPathAndNoUrl) {
 }
 
 TEST_F(UrlResolvingTest, DecodesPercents) {
-  EXPECT_EQ(resolved("a%20b.json"), "/work/dir/a b.json");
-  EXPECT_EQ(resolved("%C3%A9"), "/work/dir/\xC3\xA9");
-  EXPECT_EQ(resolved("%c3%a9"), "/work/dir/\xC3\xA9");
-  EXPECT_EQ(resolved("%25"), "/work/dir/%");
-  EXPECT_EQ(resolved("a%3Fb%23c"), "/work/dir/a?b#c");
-  EXPECT_EQ(resolved("x/%2E%2E/../a"), "/work/dir/x/a");
+  EXPECT_EQ(resolved("a%20b.json"), "/base/dir/a b.json");
+  EXPECT_EQ(resolved("%C3%A9"), "/base/dir/\xC3\xA9");
+  EXPECT_EQ(resolved("%c3%a9"), "/base/dir/\xC3\xA9");
+  EXPECT_EQ(resolved("%25"), "/base/dir/%");
+  EXPECT_EQ(resolved("a%3Fb%23c"), "/base/dir/a?b#c");
+  EXPECT_EQ(resolved("x/%2E%2E/../a"), "/base/dir/x/a");
   EXPECT_EQ(resolved("/%5B%5D"), "/[]");
 }
 
@@ -191,11 +191,11 @@ TEST_F(UrlResolvingTest, TakesFileUrlsOfThisMachineOnly) {
 }
 
 TEST_F(UrlResolvingTest, CutsOffQueryAndFragment) {
-  EXPECT_EQ(resolved("a?b"), "/work/dir/a");
-  EXPECT_EQ(resolved("a#b"), "/work/dir/a");
-  EXPECT_EQ(resolved("a?b/../c#d"), "/work/dir/a");
-  EXPECT_EQ(resolved("?b"), "/work/dir");
-  EXPECT_EQ(resolved("#b"), "/work/dir");
+  EXPECT_EQ(resolved("a?b"), "/base/dir/a");
+  EXPECT_EQ(resolved("a#b"), "/base/dir/a");
+  EXPECT_EQ(resolved("a?b/../c#d"), "/base/dir/a");
+  EXPECT_EQ(resolved("?b"), "/base/dir");
+  EXPECT_EQ(resolved("#b"), "/base/dir");
 }
 
 TEST_F(UrlResolvingTest, RefusesTextThatIsNoUrl) {
@@ -209,8 +209,8 @@ TEST_F(UrlResolvingTest, RefusesTextThatIsNoUrl) {
 
 TEST_F(UrlResolvingTest, TakesAllOtherCharacters) {
   EXPECT_EQ(resolved("AZaz09-._~!$&'()*+,;=:@"), "none");  // a colon in the first segment ends a scheme
-  EXPECT_EQ(resolved("AZaz09-._~!$&'()*+,;=@"), "/work/dir/AZaz09-._~!$&'()*+,;=@");
-  EXPECT_EQ(resolved("./:"), "/work/dir/:");
+  EXPECT_EQ(resolved("AZaz09-._~!$&'()*+,;=@"), "/base/dir/AZaz09-._~!$&'()*+,;=@");
+  EXPECT_EQ(resolved("./:"), "/base/dir/:");
 }
 
 TEST_F(UrlResolvingTest, RefusesPathsThatNoFileCanHave) {
@@ -220,7 +220,7 @@ TEST_F(UrlResolvingTest, RefusesPathsThatNoFileCanHave) {
 }
 
 TEST_F(UrlResolvingTest, TellsDirectories) {
-  const Url base("/work/");
+  const Url base("/base/");
   for (const char* text : {"a/", ".", "..", "a/.", "a/..", "/"}) {
     EXPECT_TRUE(Url::resolving(text, base, base)->isDirectory()) << text;
   }
