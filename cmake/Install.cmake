@@ -4,7 +4,7 @@ include(CMakePackageConfigHelpers)
 
 set(velto_package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/Velto)
 
-install(TARGETS velto EXPORT VeltoTargets FILE_SET HEADERS)
+install(TARGETS velto EXPORT VeltoTargets FILE_SET HEADERS FILE_SET tables)
 install(EXPORT VeltoTargets NAMESPACE Velto:: DESTINATION ${velto_package_directory})
 
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VeltoConfig.cmake.in ${PROJECT_BINARY_DIR}/VeltoConfig.cmake
