@@ -308,7 +308,7 @@ TEST_F(LoadJSONTest, ABaseThatIsADirectoryCountsAsOne) {
   files->files = {{"/base/a.json", "[1]"}, {"/a.json", "[2]"}};
   EXPECT_EQ(shown(load("a.json", Url("/base"))), "[1,]");
   EXPECT_EQ(shown(load("a.json", Url::directory("/base"))), "[1,]");
-  EXPECT_EQ(shown(load("a.json", Url("work"))), "[1,]");
+  EXPECT_EQ(shown(load("a.json", Url("base"))), "[1,]");
   EXPECT_EQ(shown(load("a.json", Url("/base/a.json"))), "[1,]");
   EXPECT_EQ(shown(load("a.json", Url("/missing"))), "[2,]");
 }
