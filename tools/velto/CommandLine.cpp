@@ -2,7 +2,9 @@
 #include "CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -38,9 +40,10 @@ void addMessageOptions(CLI::App& command, MessageOptions& options) {
   using Color = MessageOptions::Color;
   addChoice<Form>(command, "--messages", options.form, {{"text", Form::text}, {"json", Form::json}},
                   "The form of messages (default: text)");
-  addChoice<Color>(command, "--color", options.color,
-                   {{"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}},
-                   "Colour in messages (default: auto, if standard error is a terminal)");
+  addChoice<Color>(
+      command, "--color", options.color,
+      {{"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}},
+      "Colour in messages (default: auto, if standard error is a terminal and NO_COLOR is unset or empty)");
 }
 
 void addMode(CLI::App& command, Scanner::Mode& mode) {
@@ -48,6 +51,13 @@ void addMode(CLI::App& command, Scanner::Mode& mode) {
   addChoice<Scanner::Mode>(
       command, "--mode", mode, {{"template", Scanner::Mode::template_}, {"program", Scanner::Mode::program}},
       isTemplate ? "What the file is (default: template)" : "What the files are (default: program)");
+}
+
+/// An option that may be absent, which is not the same as empty.
+void addText(CLI::App& command, const char* name, const char* form, std::optional<std::string>& target,
+             const char* description) {
+  const auto set = [&target](const std::string& text) { target = text; };
+  command.add_option_function<std::string>(name, set, description)->type_name(form);
 }
 
 /// An option that may be repeated, handed on in the order of the command line.
@@ -71,9 +81,8 @@ void addGlobalOptions(CLI::App& command, GlobalOptions& globals) {
 }
 
 void addRunOptions(CLI::App& command, RunOptions& options) {
-  command.add_option("--base", options.base, "The base directory, which FILE is then relative to")->type_name("DIR");
-  command.add_option("--output", options.output, "The folder of the output files, made if it is missing")
-      ->type_name("DIR");
+  addText(command, "--base", "DIR", options.base, "The base directory, which FILE is then relative to");
+  addText(command, "--output", "DIR", options.output, "The folder of the output files, made if it is missing");
   addGlobalOptions(command, options.globals);
 }
 
@@ -102,14 +111,39 @@ void addRender(CLI::App& app, Work& work) {
   addGlobalOption(command, "--data", "[NAME=]FILE",
                   "Defines a global from a JSON file, or each key of the object in the file",
                   [&globals = options.globals](const std::string& argument) { globals.addDataOrKeys(argument); });
-  command.add_option("--into", options.into, "The file to write instead of standard output")->type_name("FILE");
+  addText(command, "--into", "FILE", options.into, "The file to write instead of standard output");
   command.add_option("TEMPLATE", options.file, "The template")->required()->type_name("");
+}
+
+/// What is left of the arguments once the options are taken out. Up to "--", names with a hyphen are unknown options.
+std::vector<std::string> filesAmong(const std::vector<std::string>& arguments) {
+  const auto mark = std::ranges::find(arguments, "--");
+  const auto isOption = [](const std::string& argument) { return argument.size() > 1 && argument.starts_with('-'); };
+  const auto unknown = std::find_if(arguments.begin(), mark, isOption);
+  if (unknown != mark) throw CLI::ExtrasError({*unknown});
+  std::vector<std::string> files(arguments.begin(), mark);
+  if (mark != arguments.end()) files.insert(files.end(), mark + 1, arguments.end());
+  return files;
+}
+
+/// An option of CLI11 with many values would take the name "[a,b]" for two. So the one that stands here takes none: it
+/// is for the help, and says that something is missing until it has refused a first name.
+void addFiles(CLI::App& command, std::vector<std::string>& files) {
+  constexpr int anyNumber = -1;
+  CLI::Option& option = *command.add_option("FILE", "The files");
+  const auto refuse = [&option](const std::string&) {
+    option.required(false);
+    return std::string("left over");
+  };
+  option.required()->expected(1, anyNumber)->type_name("")->check(refuse, "");
+  command.validate_positionals()->allow_extras();
+  command.parse_complete_callback([&] { files = filesAmong(command.remaining()); });
 }
 
 void addCheck(CLI::App& app, Work& work) {
   const auto [command, options] = addCommand(app, work, "check", "Looks for errors without running anything", check);
   addMode(command, options.mode);
-  command.add_option("FILE", options.files, "The files")->required()->type_name("");
+  addFiles(command, options.files);
 }
 
 void addTokens(CLI::App& app, Work& work) {

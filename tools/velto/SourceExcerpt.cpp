@@ -2,6 +2,8 @@
 #include "SourceExcerpt.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace command {
 namespace {
@@ -10,17 +12,19 @@ using velto::Character;
 using velto::Characters;
 using velto::Int;
 
-/// From the start of the line to the end of the text, nothing if there are fewer lines. As in the language, "\r\n" ends
-/// none.
-std::optional<std::string_view> fromLine(std::string_view text, Int line) {
-  std::size_t start = 0;
-  for (Int current = 1; current < line;) {
-    const std::size_t feed = text.find('\n', start);
-    if (feed == text.npos) return std::nullopt;
-    if (feed == 0 || text[feed - 1] != '\r') ++current;
-    start = feed + 1;
+/// As in the language, "\r\n" ends no line.
+std::vector<std::size_t> lineStartsOf(std::string_view text) {
+  std::vector<std::size_t> starts{0};
+  for (std::size_t feed = text.find('\n'); feed != text.npos; feed = text.find('\n', feed + 1)) {
+    if (feed == 0 || text[feed - 1] != '\r') starts.push_back(feed + 1);
   }
-  return text.substr(start);
+  return starts;
+}
+
+/// Reading anything else, such as a pipe or a terminal, would wait for more, or take away what is there.
+bool isRegularFile(const velto::String& file) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(file.view(), error);
 }
 
 /// A character as a terminal can show it.
@@ -53,22 +57,22 @@ SourceExcerpt excerptOf(std::string_view rest, const velto::Range& range) {
 }  // namespace
 
 std::optional<SourceExcerpt> SourceExcerpts::excerpt(const velto::Range& range) {
-  const std::optional<velto::String>& text = textOf(range.file);
-  const auto rest = text ? fromLine(*text, range.startLine) : std::nullopt;
-  if (!rest) return std::nullopt;
-  return excerptOf(*rest, range);
+  auto found = sources_.find(range.file);
+  if (found == sources_.end()) found = sources_.emplace(range.file, read(range.file)).first;
+  const auto& [text, lineStarts] = found->second;
+  const auto lineCount = static_cast<Int>(lineStarts.size());
+  if (range.startLine < 1 || range.startLine > lineCount) return std::nullopt;
+  const std::size_t start = lineStarts[static_cast<std::size_t>(range.startLine - 1)];
+  return excerptOf(text.view().substr(start), range);
 }
 
-const std::optional<velto::String>& SourceExcerpts::textOf(const velto::String& file) {
-  const auto found = texts_.find(file);
-  if (found != texts_.end()) return found->second;
-  std::optional<velto::String> text;
-  try {
-    text = velto::FileSystem::local()->readText(velto::Url(file));
-  } catch (const velto::FileError&) {
-    // The message stands without its source line.
-  }
-  return texts_.emplace(file, text).first->second;
+/// A message about a file that can't be read any more stands without its source line.
+SourceExcerpts::Source SourceExcerpts::read(const velto::String& file) try {
+  if (!isRegularFile(file)) return {};
+  const velto::String text = velto::FileSystem::local()->readText(velto::Url(file));
+  return {text, lineStartsOf(text)};
+} catch (const velto::FileError&) {
+  return {};
 }
 
 }  // namespace command

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Velto/Velto.h"
 
@@ -14,16 +15,21 @@ struct SourceExcerpt {
   std::string marker;  ///< blanks and tabs up to the range, then "^~~~"
 };
 
-/// Keeps the texts of the files, since messages come in heaps.
+/// Keeps the texts of the files and where their lines start, since messages come in heaps.
 class SourceExcerpts {
  public:
   /// Nothing if there is no such place.
   std::optional<SourceExcerpt> excerpt(const velto::Range& range);
 
  private:
-  const std::optional<velto::String>& textOf(const velto::String& file);
+  struct Source {
+    velto::String text;
+    std::vector<std::size_t> lineStarts;  // none for what can't be read
+  };
 
-  std::map<velto::String, std::optional<velto::String>> texts_;
+  static Source read(const velto::String& file);
+
+  std::map<velto::String, Source> sources_;
 };
 
 }  // namespace command

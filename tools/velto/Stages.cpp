@@ -1,6 +1,7 @@
 // The stages of the pipeline, run one by one.
 #include "Stages.h"
 
+#include <new>
 #include <utility>
 
 #include "Outcome.h"
@@ -45,6 +46,8 @@ int finish(MessagePrinter& printer, const std::string& file, const std::function
   return refuse(printer, cannotRead(file, error.what()));
 } catch (const Trouble& trouble) {
   return refuse(printer, trouble);
+} catch (const std::bad_alloc&) {
+  return refuse(printer, Trouble{"out of memory"});
 }
 
 std::vector<velto::Token> scan(const std::string& file, velto::Scanner::Mode mode,

@@ -2,16 +2,20 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <new>
 #include <span>
 #include <string_view>
 
+#include "Arguments.h"
 #include "CommandLine.h"
 #include "Outcome.h"
 #include "Velto/Velto.h"
 
 namespace {
 
-bool areWellFormed(std::span<const char* const> arguments) {
+using Arguments = std::span<const char* const>;
+
+bool areWellFormed(Arguments arguments) {
   return std::ranges::all_of(arguments, [](const char* argument) { return velto::String::isWellFormed(argument); });
 }
 
@@ -20,20 +24,29 @@ int refuse(const CLI::App& app, std::string_view reason) {
   return command::wrongCommandLine;
 }
 
-}  // namespace
-
-int main(int count, char** arguments) {
+int runCommand(Arguments arguments) {
   CLI::App app("Generates text files from data and templates.", "velto");
   command::Work work;
   command::addCommands(app, work);
   app.set_version_flag("--version", VeltoVersionString);
-  if (!areWellFormed({arguments, static_cast<std::size_t>(count)})) return refuse(app, "an argument isn't valid UTF-8");
+  if (!areWellFormed(arguments)) return refuse(app, "an argument isn't valid UTF-8");
   try {
-    app.parse(count, arguments);
+    std::vector<std::string> prepared = command::preparedArguments(app, arguments);
+    std::ranges::reverse(prepared);
+    app.parse(prepared);
   } catch (const CLI::Success& wish) {
     return app.exit(wish);
   } catch (const CLI::ParseError& error) {
     return refuse(app, error.what());
   }
   return work();
+}
+
+}  // namespace
+
+int main(int count, char** arguments) try {
+  return runCommand({arguments, static_cast<std::size_t>(count)});
+} catch (const std::bad_alloc&) {
+  std::cerr << "velto: out of memory\n";
+  return command::unreadable;
 }
