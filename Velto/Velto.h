@@ -44,4 +44,5 @@
 #include "Velto/Value/Object.h"
 #include "Velto/Value/Value.h"
 #include "Velto/Value/ValueConvertible.h"
+#include "Velto/Value/ValueHash.h"
 #include "Velto/Version.h"

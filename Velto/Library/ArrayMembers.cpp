@@ -58,16 +58,6 @@ std::optional<Value> Sequence::get(const String& name) const {
   return std::nullopt;
 }
 
-String Sequence::objectDescription() const {
-  StringBuilder text;
-  text.append("[");
-  for (std::size_t index = 0; index < size(); ++index) {
-    if (index > 0) text.append(", ");
-    text.append(printed(index));
-  }
-  return text.append("]").build();
-}
-
 Value Map::call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const {
   const Callable& function = functionOf(arguments[0], "`map` expects a function, got '", reportError);
   std::vector<Value> results;

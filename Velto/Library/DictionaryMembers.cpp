@@ -12,15 +12,4 @@ std::optional<Value> Mapping::get(const String& name) const {
   return std::nullopt;
 }
 
-String Mapping::objectDescription() const {
-  if (size() == 0) return "[:]";
-  StringBuilder text;
-  text.append("[");
-  for (std::size_t index = 0; index < size(); ++index) {
-    if (index > 0) text.append(", ");
-    text.append(printed(index));
-  }
-  return text.append("]").build();
-}
-
 }  // namespace velto

@@ -5,6 +5,16 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
+struct CGPoint;
+struct CGSize;
+struct CGRect;
+
+// The records as objects, under the names of their fields; a rectangle has `center`, and `width` and `height` without
+// their sign, too. As values they are equal to nothing, themselves included.
+[[gnu::visibility("default")]] Ref<const Object> asObject(const CGPoint& point);
+[[gnu::visibility("default")]] Ref<const Object> asObject(const CGSize& size);
+[[gnu::visibility("default")]] Ref<const Object> asObject(const CGRect& rect);
+
 struct CGPoint {
   CGFloat x = 0;
   CGFloat y = 0;
@@ -34,11 +44,5 @@ struct CGRect {
 
   friend bool operator==(const CGRect&, const CGRect&) noexcept = default;
 };
-
-// The records as objects, under the names of their fields; a rectangle has `center`, and `width` and `height` without
-// their sign, too. As values they are equal to nothing, themselves included.
-[[gnu::visibility("default")]] Ref<const Object> asObject(const CGPoint& point);
-[[gnu::visibility("default")]] Ref<const Object> asObject(const CGSize& size);
-[[gnu::visibility("default")]] Ref<const Object> asObject(const CGRect& rect);
 
 }  // namespace velto

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "Velto/Parser/TreeNode.h"
-#include "Velto/Platform/Uuid.h"
+#include "Velto/Parser/NodeId.h"
+#include "Velto/Platform/Ref.h"
 #include "Velto/Scanner/Token.h"
 
 namespace [[gnu::visibility("default")]] velto {
@@ -39,7 +39,7 @@ class Expression {
   }
 
  private:
-  struct Node : TreeNode {
+  struct Node : Counted {
     virtual const Uuid& id() const noexcept = 0;
     virtual const Range& range() const noexcept = 0;
     virtual void accept(ExpressionVisitor& visitor) const = 0;
@@ -60,7 +60,7 @@ class Expression {
 
 /// `[a, b]`
 struct ArrayLiteral {
-  const Uuid id{};
+  NodeId<ArrayLiteral> id{};
   Range range;
   std::vector<Expression> elements;
 
@@ -69,7 +69,7 @@ struct ArrayLiteral {
 
 /// `a = b`
 struct Assignment {
-  const Uuid id{};
+  NodeId<Assignment> id{};
   Range range;
   Token name;
   Expression value;
@@ -79,7 +79,7 @@ struct Assignment {
 
 /// `a + b` and all other operators but `&&` and `||`
 struct Binary {
-  const Uuid id{};
+  NodeId<Binary> id{};
   Range range;
   Expression left;
   Token operator_;
@@ -95,7 +95,7 @@ struct Call {
     Expression value;
   };
 
-  const Uuid id{};
+  NodeId<Call> id{};
   Range range;
   Expression callee;
   Token paren;
@@ -106,7 +106,7 @@ struct Call {
 
 /// `[a: b]`; equal keys are all kept, in source order
 struct DictionaryLiteral {
-  const Uuid id{};
+  NodeId<DictionaryLiteral> id{};
   Range range;
   std::vector<std::pair<Expression, Expression>> elements;
 
@@ -115,7 +115,7 @@ struct DictionaryLiteral {
 
 /// `(a)`
 struct Grouping {
-  const Uuid id{};
+  NodeId<Grouping> id{};
   Range range;
   Expression expression;
 
@@ -124,7 +124,7 @@ struct Grouping {
 
 /// A boolean, a number or `nil`
 struct Literal {
-  const Uuid id{};
+  NodeId<Literal> id{};
   Range range;
   Value value;
 
@@ -133,7 +133,7 @@ struct Literal {
 
 /// `a && b`, `a || b`
 struct Logical {
-  const Uuid id{};
+  NodeId<Logical> id{};
   Range range;
   Expression left;
   Token operator_;
@@ -144,7 +144,7 @@ struct Logical {
 
 /// `a.b`
 struct Member {
-  const Uuid id{};
+  NodeId<Member> id{};
   Range range;
   Expression object;
   Token dot;
@@ -155,7 +155,7 @@ struct Member {
 
 /// The variables of a `for`; at least one. No rule for expressions makes it.
 struct Tuple {
-  const Uuid id{};
+  NodeId<Tuple> id{};
   Range range;
   std::vector<Token> names;
 
@@ -164,7 +164,7 @@ struct Tuple {
 
 /// `a is Name`
 struct TypeCheck {
-  const Uuid id{};
+  NodeId<TypeCheck> id{};
   Range range;
   Expression instance;
   Token is;
@@ -180,7 +180,7 @@ struct StringExpression {
     Expression value;
   };
 
-  const Uuid id{};
+  NodeId<StringExpression> id{};
   Range range;     ///< of the first piece alone
   String literal;  ///< all pieces joined, escapes resolved
   std::vector<Interpolation> interpolations;
@@ -190,7 +190,7 @@ struct StringExpression {
 
 /// `a[b]`
 struct Subscript {
-  const Uuid id{};
+  NodeId<Subscript> id{};
   Range range;
   Expression subscriptee;
   Token bracket;
@@ -201,7 +201,7 @@ struct Subscript {
 
 /// `-a`, `!a`, and four more prefixes that fail when they are evaluated
 struct Unary {
-  const Uuid id{};
+  NodeId<Unary> id{};
   Range range;
   Token operator_;
   Expression right;
@@ -211,7 +211,7 @@ struct Unary {
 
 /// `a`
 struct Variable {
-  const Uuid id{};
+  NodeId<Variable> id{};
   Range range;
   Token name;
 

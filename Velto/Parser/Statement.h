@@ -36,7 +36,7 @@ class Statement {
   }
 
  private:
-  struct Node : TreeNode {
+  struct Node : Counted {
     virtual Range range() const = 0;
     virtual void accept(StatementVisitor& visitor) const = 0;
   };

@@ -66,9 +66,13 @@ class Counted {
   }
   std::uint32_t holderCount() const noexcept { return holders_.get(); }
 
+ protected:
+  /// Runs when the last holder has gone: ends this object, now or, where it stands deep within others that are being
+  /// disposed of, a little later. So a chain of a million objects is freed with a stack that doesn't grow.
+  virtual void dispose() const noexcept;
+
  private:
-  /// Runs when the last holder has gone.
-  virtual void dispose() const noexcept { delete this; }
+  virtual void end() const noexcept { delete this; }
 
   mutable HolderCount holders_{0};
 };
@@ -128,16 +132,21 @@ class WeaklyCounted : public Counted {
 
   void observe() const noexcept { observers_.increment(); }
   void unobserve() const noexcept {
-    if (observers_.decrement()) delete this;
+    if (observers_.decrement()) dispose();
   }
 
  protected:
   virtual void clear() noexcept = 0;
 
  private:
-  void dispose() const noexcept final {
-    const_cast<WeaklyCounted*>(this)->clear();
-    unobserve();
+  /// Runs twice: when the last `Ref` has gone, and when the last observer has.
+  void end() const noexcept final {
+    if (observers_.get() == 0) {
+      delete this;
+    } else {
+      const_cast<WeaklyCounted*>(this)->clear();
+      unobserve();
+    }
   }
 
   mutable HolderCount observers_{1};  // all `Ref`s together count as one observer

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <functional>
 #include <initializer_list>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,8 @@ class String {
     static Ref<const Storage> joining(std::initializer_list<std::string_view> pieces);
     Storage(const char* text, std::size_t size, bool isASCII, Ref<const Storage> whole) noexcept;
     static void operator delete(void* memory) { ::operator delete(memory); }
+    /// It holds nothing deep: at most the text that it is a slice of, which is no slice.
+    void dispose() const noexcept override { delete this; }
 
     bool isASCII;
     const char* text;
@@ -36,7 +39,8 @@ class String {
   String() noexcept = default;
   /// Ill-formed sequences become U+FFFD.
   String(std::string_view text);
-  String(const char* text) : String(std::string_view(text)) {}
+  /// Null is the empty text.
+  String(const char* text) : String(text ? std::string_view(text) : std::string_view()) {}
   String(const std::string& text) : String(std::string_view(text)) {}
 
   /// Takes `text` unchecked; it must be well-formed.
@@ -48,6 +52,7 @@ class String {
     return storage_ ? std::string_view(storage_->text, storage_->size) : std::string_view();
   }
   operator std::string_view() const noexcept { return view(); }
+  operator std::string() const { return std::string(view()); }
   std::size_t size() const noexcept { return view().size(); }  ///< in bytes
   bool isEmpty() const noexcept { return size() == 0; }
   bool isASCII() const noexcept { return !storage_ || storage_->isASCII; }
@@ -73,6 +78,11 @@ class String {
 
 [[gnu::visibility("default")]] bool operator==(const String& left, const String& right) noexcept;
 [[gnu::visibility("default")]] std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
+
+template <typename Traits>
+std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& stream, const String& text) {
+  return stream << text.view();
+}
 
 /// Collects pieces of well-formed text.
 class StringBuilder {

@@ -3,6 +3,7 @@
 
 #include <concepts>
 #include <optional>
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -16,6 +17,7 @@ template <typename Cursor, typename T>
 class Scannable {
  public:
   using Element = T;
+  using Token = T;
 
   /// Advances over the current element if there is one and the predicate holds for it.
   template <typename Predicate>
@@ -59,6 +61,12 @@ template <typename T>
 class ScannableArray : public Scannable<ScannableArray<T>, T> {
  public:
   explicit ScannableArray(std::vector<T> elements) noexcept : elements(std::move(elements)) {}
+  /// From any range, in its order.
+  template <std::ranges::input_range Elements>
+  requires std::convertible_to<std::ranges::range_reference_t<Elements>, T>
+  explicit ScannableArray(Elements&& elements) {
+    for (auto&& element : elements) this->elements.push_back(std::forward<decltype(element)>(element));
+  }
 
   std::vector<T> elements;
   Int index = 0;

@@ -1,6 +1,8 @@
 // The cursor over source text.
 #include "Velto/Scanner/ScannableString.h"
 
+#include <algorithm>
+
 namespace velto {
 
 std::optional<Character> ScannableString::current() const noexcept {
@@ -16,9 +18,10 @@ std::optional<Character> ScannableString::next() const {
 }
 
 std::optional<Character> ScannableString::previous() const {
-  if (index == 0) fatalError("There is no character before the start of a text.");
-  const std::size_t before = previousBoundary(string, index);
-  return string.view().substr(before, index - before);
+  const std::size_t end = std::min(index, string.size());
+  if (end == 0) fatalError("There is no character before the start of a text.");
+  const std::size_t before = previousBoundary(string, end);
+  return string.view().substr(before, end - before);
 }
 
 Character ScannableString::advance() {

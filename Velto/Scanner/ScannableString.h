@@ -24,6 +24,11 @@ class ScannableString : public Scannable<ScannableString, Character> {
 
   using Scannable::match;
   using Scannable::peekMatch;
+  // A text isn't a character: `matchString` takes texts.
+  template <std::convertible_to<std::string_view> Text>
+  bool match(const Text&) = delete;
+  template <std::convertible_to<std::string_view> Text>
+  bool peekMatch(const Text&) const = delete;
 
   bool isAtEnd() const noexcept { return index >= string.size(); }
   std::optional<Character> current() const noexcept;
@@ -32,7 +37,7 @@ class ScannableString : public Scannable<ScannableString, Character> {
   /// The character before the cursor. At the start it is a fatal stop.
   std::optional<Character> previous() const;
   /// From the cursor to the end.
-  String substring() const { return string.slice(index, string.size() - index); }
+  String substring() const { return isAtEnd() ? String() : string.slice(index, string.size() - index); }
 
   /// Moves over one character and gives it; "\n" starts a new line. At the end it is a fatal stop.
   Character advance();

@@ -21,7 +21,6 @@ class Sequence : public Object {
   virtual String printed(std::size_t index) const = 0;
 
   std::optional<Value> get(const String& name) const final;
-  String objectDescription() const final;
   String typeName() const final { return "Array"; }
 };
 
@@ -37,6 +36,7 @@ class Array final : public Sequence {
   const Value* valueAt(std::size_t index) const noexcept override { return &elements_[index]; }
   std::optional<Value> converted(std::size_t index) const override { return elements_[index]; }
   String printed(std::size_t index) const override { return elements_[index].description(); }
+  String objectDescription() const override;
 
  private:
   std::vector<Value> elements_;
@@ -53,6 +53,7 @@ class HostArray final : public Sequence {
   const Value* valueAt(std::size_t index) const noexcept override;
   std::optional<Value> converted(std::size_t index) const override;
   String printed(std::size_t index) const override;
+  String objectDescription() const override;
 
  private:
   std::vector<HostValue> elements_;

@@ -30,6 +30,7 @@ String Callable::describe(std::span<const Value> arguments) const {
 }
 
 Value Callable::asValue() const {
+  if (holderCount() == 0) fatalError("A callable that becomes a value must be made by makeRef.");
   return Ref<const Callable>(this);
 }
 

@@ -57,6 +57,7 @@ class ReportError {
   void (*invoke_)(const void*, const String&);
 };
 
+/// A function value. No class can be both this and an `Object`: a value is the one or the other.
 class Callable : public Counted {
  public:
   /// As shown to users.
@@ -68,7 +69,7 @@ class Callable : public Counted {
   Int arity() const noexcept { return static_cast<Int>(labels().size()); }
   /// "copy(from: a.txt, to: b.txt)": as many pairs as there are both labels and arguments.
   String describe(std::span<const Value> arguments) const;
-  /// A value that holds this very callable.
+  /// A value that holds this very callable, which must be behind a `Ref` already: otherwise it is a fatal stop.
   Value asValue() const;
 };
 

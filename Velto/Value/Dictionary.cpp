@@ -3,6 +3,8 @@
 
 #include <bit>
 
+#include "Velto/Value/KeyHash.h"
+
 namespace velto {
 
 namespace {
@@ -12,15 +14,14 @@ constexpr std::size_t fewEntries = 8;
 
 /// Spreads a hash over a table whose size is a power of two. The low bits of a hash needn't differ: those of whole
 /// numbers don't.
-std::size_t firstSlot(Int hash, std::size_t slots) {
-  const std::uint64_t mixed = static_cast<std::uint64_t>(hash) * 0x9E3779B97F4A7C15u;
-  return mixed >> (64 - std::countr_zero(slots));
+std::size_t firstSlot(std::uint64_t hash, std::size_t slots) {
+  return (hash * 0x9E3779B97F4A7C15u) >> (64 - std::countr_zero(slots));
 }
 
 }  // namespace
 
 void Dictionary::set(Value key, Value value) {
-  const Int hash = key.hashValue();
+  const std::uint64_t hash = keyHash(key);
   const std::size_t index = indexOf(key, hash);
   if (index < entries_.size()) {
     entries_[index].value = std::move(value);
@@ -42,35 +43,47 @@ void Dictionary::reserve(std::size_t count) {
 }
 
 const Value* Dictionary::find(const Value& key) const {
-  const std::size_t index = indexOf(key, key.hashValue());
+  const std::size_t index = indexOf(key, keyHash(key));
   return index < entries_.size() ? &entries_[index].value : nullptr;
 }
 
-String Dictionary::printed(std::size_t index) const {
-  const Entry& entry = entries_[index];
-  return String::concatenation({entry.key.description(), ": ", entry.value.description()});
+/// Where one key alone has the hash, the keys aren't compared here: they may be deep, and the caller has its own way to
+/// compare them.
+const Dictionary::Entry* Dictionary::counterpart(const Dictionary& other, std::size_t index) const {
+  const std::uint64_t hash = other.hashes_[index];
+  std::size_t count = 0;
+  std::size_t found = entries_.size();
+  search(hash, [&](std::size_t candidate) {
+    found = candidate;
+    return ++count > 1;
+  });
+  if (count > 1) found = indexOf(other.entries_[index].key, hash);
+  return found < entries_.size() ? &entries_[found] : nullptr;
 }
 
-String HostDictionary::printed(std::size_t index) const {
-  const Entry& entry = entries_[index];
-  return String::concatenation({entry.first.debugPrinted(), ": ", entry.second.debugPrinted()});
-}
-
-/// The number of entries if there is no such key.
-std::size_t Dictionary::indexOf(const Value& key, Int hash) const {
-  const auto isAt = [&](std::size_t index) { return hashes_[index] == hash && entries_[index].key == key; };
+/// The first wanted entry whose key has the hash; the number of entries if there is none.
+template <typename IsWanted>
+std::size_t Dictionary::search(std::uint64_t hash, const IsWanted& isWanted) const {
+  const auto isFound = [&](std::size_t index) { return hashes_[index] == hash && isWanted(index); };
+  if (hash == unfindable) return entries_.size();
   if (table_.empty()) {
     std::size_t index = 0;
-    while (index < entries_.size() && !isAt(index)) ++index;
+    while (index < entries_.size() && !isFound(index)) ++index;
     return index;
   }
   for (std::size_t slot = firstSlot(hash, table_.size()); table_[slot] != 0; slot = (slot + 1) & (table_.size() - 1)) {
-    if (isAt(table_[slot] - 1)) return table_[slot] - 1;
+    if (isFound(table_[slot] - 1)) return table_[slot] - 1;
   }
   return entries_.size();
 }
 
+std::size_t Dictionary::indexOf(const Value& key, std::uint64_t hash) const {
+  return search(hash, [&](std::size_t index) { return entries_[index].key == key; });
+}
+
+/// Nobody will look for an unfindable key there.
 void Dictionary::addToTable(std::size_t index) {
+  if (hashes_[index] == unfindable) return;
   std::size_t slot = firstSlot(hashes_[index], table_.size());
   while (table_[slot] != 0) slot = (slot + 1) & (table_.size() - 1);
   table_[slot] = static_cast<std::uint32_t>(index + 1);

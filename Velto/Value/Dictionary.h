@@ -16,11 +16,8 @@ namespace [[gnu::visibility("default")]] velto {
 class Mapping : public Object {
  public:
   virtual std::size_t size() const noexcept = 0;
-  /// The entry in the host's debug form: "key: value".
-  virtual String printed(std::size_t index) const = 0;
 
   std::optional<Value> get(const String& name) const final;
-  String objectDescription() const final;
   String typeName() const final { return "Dictionary"; }
 };
 
@@ -38,19 +35,24 @@ class Dictionary final : public Mapping {
   /// Null if there is no such key.
   const Value* find(const Value& key) const;
 
+  /// The entry whose key alone can equal that of an entry of `other`; null if there is none.
+  const Entry* counterpart(const Dictionary& other, std::size_t index) const;
+
   std::span<const Entry> entries() const noexcept { return entries_; }
 
   std::size_t size() const noexcept override { return entries_.size(); }
-  String printed(std::size_t index) const override;
+  String objectDescription() const override;
 
  private:
-  std::size_t indexOf(const Value& key, Int hash) const;
+  template <typename IsWanted>
+  std::size_t search(std::uint64_t hash, const IsWanted& isWanted) const;
+  std::size_t indexOf(const Value& key, std::uint64_t hash) const;
   void addToTable(std::size_t index);
   void rebuildTable(std::size_t slots);
 
   std::vector<Entry> entries_;
-  std::vector<Int> hashes_;           // of the entries' keys
-  std::vector<std::uint32_t> table_;  // open addressing: 0, or 1 + the index of an entry; empty while few
+  std::vector<std::uint64_t> hashes_;  // of the entries' keys
+  std::vector<std::uint32_t> table_;   // open addressing: 0, or 1 + the index of an entry; empty while few
 };
 
 /// A dictionary of other host values.
@@ -63,7 +65,7 @@ class HostDictionary final : public Mapping {
   const std::vector<Entry>& entries() const noexcept { return entries_; }
 
   std::size_t size() const noexcept override { return entries_.size(); }
-  String printed(std::size_t index) const override;
+  String objectDescription() const override;
 
  private:
   std::vector<Entry> entries_;

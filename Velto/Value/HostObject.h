@@ -7,6 +7,7 @@
 #include <memory>
 #include <string_view>
 #include <type_traits>
+#include <typeinfo>
 #include <vector>
 
 #include "Velto/Value/HostValue.h"
@@ -44,7 +45,28 @@ concept DescribesItself = requires(const T& record) {
   { record.description() } -> std::convertible_to<String>;
 };
 
-/// An object over a record of type `T`, which it shares with the host.
+/// Stands while a record is being printed. One that comes by itself again inside, or stands too deep within others for
+/// the stack, is printed without its properties.
+class RecordPrinting {
+ public:
+  RecordPrinting(const void* record, const std::type_info& type) noexcept;
+  RecordPrinting(const RecordPrinting&) = delete;
+  RecordPrinting& operator=(const RecordPrinting&) = delete;
+  ~RecordPrinting();
+
+  bool mayGoOn() const noexcept { return mayGoOn_; }
+
+ private:
+  bool isInProgress() const noexcept;
+
+  const void* const record_;
+  const std::type_info& type_;
+  const RecordPrinting* const outer_;
+  const bool mayGoOn_;
+};
+
+/// An object over a record of type `T`, which it shares with the host. A record that is shared under the name of a base
+/// is one of the base in all that it shows.
 template <typename T>
 class HostObject : public Object {
  public:
@@ -57,8 +79,11 @@ class HostObject : public Object {
 
   const T& record() const noexcept { return *record_; }
 
-  /// What the record's own `description()` says, otherwise its type and properties: "Point(x: 1, y: 2)".
+  /// What the record's own `description()` says, otherwise its type and properties: "Point(x: 1, y: 2)". A record that
+  /// is being printed already is its type and "(...)".
   String objectDescription() const override {
+    const RecordPrinting printing(record_.get(), typeid(T));
+    if (!printing.mayGoOn()) return String::concatenation({typeName(), "(...)"});
     if constexpr (DescribesItself<T>) {
       return record_->description();
     } else {
@@ -66,11 +91,7 @@ class HostObject : public Object {
     }
   }
 
-  /// Of the record's own class, where it is shared under the name of a base.
-  String typeName() const override {
-    const T& record = *record_;
-    return unqualifiedTypeName(typeid(record));
-  }
+  String typeName() const override { return unqualifiedTypeName(typeid(T)); }
 
  protected:
   std::optional<HostValue> child(const String& name) const override {
@@ -121,7 +142,7 @@ Ref<const Object> asObject(const T& record) {
 
 template <Described T>
 Ref<const Object> asObject(const std::shared_ptr<T>& record) {
-  return object(record);
+  return record ? object(record) : nullptr;
 }
 
 }  // namespace velto

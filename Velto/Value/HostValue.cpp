@@ -6,13 +6,11 @@
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
 #include "Velto/Value/NumberText.h"
+#include "Velto/Value/Printing.h"
 
 namespace velto {
 
 namespace {
-
-using SharedElements = std::shared_ptr<const HostValue::Elements>;
-using SharedEntries = std::shared_ptr<const HostValue::Entries>;
 
 bool isValue(const HostValue& host) {
   return host.is<Value>();
@@ -35,58 +33,18 @@ Value dictionaryFrom(const HostValue::Entries& entries) {
   return result;
 }
 
+// Both visitors are asked of what is neither an array nor a dictionary.
+
 struct AsValue {
-  std::optional<Value> operator()(std::monostate) const { return std::nullopt; }
-  std::optional<Value> operator()(const HostValue::Unknown&) const { return std::nullopt; }
-  std::optional<Value> operator()(const SharedElements& elements) const { return arrayFrom(*elements); }
-  std::optional<Value> operator()(const SharedEntries& entries) const { return dictionaryFrom(*entries); }
   template <typename T>
   std::optional<Value> operator()(const T& content) const {
-    return Value(content);
-  }
-};
-
-/// Inside arrays and dictionaries the host prints its debug form.
-String printedElements(const HostValue::Elements& elements) {
-  StringBuilder text;
-  text.append("[");
-  for (const HostValue& element : elements) {
-    if (&element != &elements.front()) text.append(", ");
-    text.append(element.debugPrinted());
-  }
-  return text.append("]").build();
-}
-
-String printedEntries(const HostValue::Entries& entries) {
-  return HostDictionary(entries).objectDescription();
-}
-
-String quoted(const String& text) {
-  StringBuilder result;
-  result.append("\"");
-  for (const char& byte : text.view()) {
-    switch (byte) {
-      case '"':
-        result.append("\\\"");
-        break;
-      case '\\':
-        result.append("\\\\");
-        break;
-      case '\n':
-        result.append("\\n");
-        break;
-      case '\r':
-        result.append("\\r");
-        break;
-      case '\t':
-        result.append("\\t");
-        break;
-      default:
-        result.append({&byte, 1});
+    if constexpr (std::constructible_from<Value, const T&>) {
+      return Value(content);
+    } else {
+      return std::nullopt;
     }
   }
-  return result.append("\"").build();
-}
+};
 
 struct Printed {
   String operator()(std::monostate) const { return "nil"; }
@@ -94,11 +52,13 @@ struct Printed {
   String operator()(double number) const { return hostDescription(number); }
   String operator()(float number) const { return hostDescription(number); }
   String operator()(Int number) const { return decimal(number); }
-  String operator()(const SharedElements& elements) const { return printedElements(*elements); }
-  String operator()(const SharedEntries& entries) const { return printedEntries(*entries); }
   template <typename T>
   String operator()(const T& content) const {
-    return Value(content).description();
+    if constexpr (std::constructible_from<Value, const T&>) {
+      return Value(content).description();
+    } else {
+      return {};
+    }
   }
 };
 
@@ -106,19 +66,23 @@ struct Printed {
 
 const HostValue::Elements* HostValue::elements() const noexcept {
   const SharedElements* elements = as<SharedElements>();
-  return elements ? elements->get() : nullptr;
+  return elements ? &(*elements)->contents : nullptr;
 }
 
 const HostValue::Entries* HostValue::entries() const noexcept {
   const SharedEntries* entries = as<SharedEntries>();
-  return entries ? entries->get() : nullptr;
+  return entries ? &(*entries)->contents : nullptr;
 }
 
 std::optional<Value> HostValue::asValue() const {
+  if (const Elements* elements = this->elements()) return arrayFrom(*elements);
+  if (const Entries* entries = this->entries()) return dictionaryFrom(*entries);
   return std::visit(AsValue(), content_);
 }
 
 String HostValue::printed() const {
+  if (const Elements* elements = this->elements()) return velto::printed(*elements, Form::debug);
+  if (const Entries* entries = this->entries()) return velto::printed(*entries, Form::debug);
   return std::visit(Printed(), content_);
 }
 

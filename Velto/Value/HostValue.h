@@ -1,7 +1,6 @@
 // Any value of the host's own, before it becomes a `Value`.
 #pragma once
 
-#include <boost/describe/members.hpp>
 #include <concepts>
 #include <memory>
 #include <optional>
@@ -22,29 +21,14 @@ namespace [[gnu::visibility("default")]] velto {
 /// What the host's platform calls its 64-bit float of geometry.
 using CGFloat = double;
 
-/// A record whose own members are described by `BOOST_DESCRIBE_STRUCT` or `BOOST_DESCRIBE_CLASS`.
-template <typename T>
-concept Described = boost::describe::has_describe_members<T>::value && !std::is_union_v<T>;
-
-// Described records become objects wherever a host value is taken; HostObject.h tells how.
-template <Described T>
-Ref<const Object> asObject(const T& record);
-template <Described T>
-Ref<const Object> asObject(const std::shared_ptr<T>& record);
-
-/// A described type, or one that has an `asObject` of its own, found by argument-dependent lookup.
-template <typename T>
-concept HasObjectForm = requires(const T& host) {
-  { asObject(host) } -> std::convertible_to<Ref<const Object>>;
-};
-
 /// What has no constructor of `HostValue` to itself.
 template <typename T>
 concept ToldByType = !OneOf<T, HostValue, Value, std::nullopt_t, std::nullptr_t>;
 
 /// A tagged host value. It is made from anything: booleans, numbers, text, values, objects, callables, arrays (any
-/// range), dictionaries (any range of pairs), optionals of and shared pointers to all these, and types with an object
-/// form. Of any other type only the name is kept, and it can't be converted.
+/// range), dictionaries (any range of pairs), optionals of, variants of and shared pointers to all these, and types
+/// with an object form. Of any other type only the name is kept, and it can't be converted; so it is with code units of
+/// 16 bits, which are neither numbers nor text.
 class HostValue {
  public:
   using Elements = std::vector<HostValue>;
@@ -84,8 +68,13 @@ class HostValue {
   String debugPrinted() const;
 
  private:
-  using SharedElements = std::shared_ptr<const Elements>;
-  using SharedEntries = std::shared_ptr<const Entries>;
+  template <typename Contents>
+  struct Shared final : Counted {
+    explicit Shared(Contents contents) noexcept : contents(std::move(contents)) {}
+    const Contents contents;
+  };
+  using SharedElements = Ref<const Shared<Elements>>;
+  using SharedEntries = Ref<const Shared<Entries>>;
   using Content = std::variant<std::monostate, Value, bool, double, float, Int, String, Ref<const Object>,
                                Ref<const Callable>, SharedElements, SharedEntries, Unknown>;
 
@@ -95,6 +84,8 @@ class HostValue {
   static Content contentOf(const std::optional<T>& host);
   template <typename T>
   static Content contentOf(const std::shared_ptr<T>& host);
+  template <typename... Alternatives>
+  static Content contentOf(const std::variant<Alternatives...>& host);
   template <std::derived_from<Object> T>
   static Content contentOf(const Ref<T>& host);
   template <std::derived_from<Callable> T>

@@ -9,7 +9,16 @@ namespace hostkind {
 
 /// An object or a function that the host holds by value.
 template <typename T>
-concept Held = (std::derived_from<T, Object> || std::derived_from<T, Callable>)&&std::copy_constructible<T>;
+concept Held = HeldByValue<T> && std::copy_constructible<T>;
+
+/// A code unit of some encoding: no number, and no character by itself.
+template <typename T>
+concept CodeUnit = OneOf<T, wchar_t, char8_t, char16_t>;
+
+/// Text in code units that can't be told from other numbers by their size.
+template <typename T>
+concept WideText =
+    std::convertible_to<const T&, std::u16string_view> || std::convertible_to<const T&, std::wstring_view>;
 
 /// A range that isn't its own element, as a path is.
 template <typename T>
@@ -28,12 +37,19 @@ template <typename T>
 HostValue::Content HostValue::contentOf(const T& host) {
   if constexpr (std::same_as<T, HostValue>) {
     return host.content_;
+  } else if constexpr (OneOf<T, std::monostate, std::nullptr_t, std::nullopt_t>) {
+    return {};
   } else if constexpr (std::same_as<T, Value> || std::same_as<T, bool> || std::same_as<T, float>) {
     return host;
   } else if constexpr (std::floating_point<T>) {
     return static_cast<double>(host);
   } else if constexpr (OneOf<T, char, char32_t>) {
     return *Value(host).string();
+  } else if constexpr (hostkind::CodeUnit<T> || hostkind::WideText<T>) {
+    return Unknown{unqualifiedTypeName(typeid(host))};
+  } else if constexpr (std::convertible_to<const T&, std::u8string_view>) {
+    const std::u8string_view text = host;
+    return String(std::string(text.begin(), text.end()));
   } else if constexpr (std::integral<T>) {
     // Too large for an `Int`, it can only be a number.
     return static_cast<Int>(host) < 0 && host > 0 ? Content(static_cast<double>(host)) : static_cast<Int>(host);
@@ -71,6 +87,12 @@ HostValue::Content HostValue::contentOf(const std::shared_ptr<T>& host) {
   }
 }
 
+template <typename... Alternatives>
+HostValue::Content HostValue::contentOf(const std::variant<Alternatives...>& host) {
+  if (host.valueless_by_exception()) return {};
+  return std::visit([](const auto& alternative) { return contentOf(alternative); }, host);
+}
+
 template <std::derived_from<Object> T>
 HostValue::Content HostValue::contentOf(const Ref<T>& host) {
   return host ? Content(Ref<const Object>(host)) : Content();
@@ -89,14 +111,14 @@ template <typename T>
 HostValue::Content HostValue::entriesOf(const T& host) {
   Entries entries;
   for (const auto& entry : host) entries.emplace_back(HostValue(entry.first), HostValue(entry.second));
-  return std::make_shared<const Entries>(std::move(entries));
+  return makeRef<const Shared<Entries>>(std::move(entries));
 }
 
 template <typename T>
 HostValue::Content HostValue::elementsOf(const T& host) {
   Elements elements;
   for (const auto& element : host) elements.emplace_back(element);
-  return std::make_shared<const Elements>(std::move(elements));
+  return makeRef<const Shared<Elements>>(std::move(elements));
 }
 
 }  // namespace velto

@@ -1,6 +1,7 @@
 // What every object does unless it has its own way.
 #include "Velto/Value/Object.h"
 
+#include "Velto/Platform/Fatal.h"
 #include "Velto/Platform/TypeName.h"
 #include "Velto/Value/HostValue.h"
 
@@ -22,6 +23,7 @@ std::optional<Value> Object::getFromMirror(const String& name) const {
 }
 
 Value Object::asValue() const {
+  if (holderCount() == 0) fatalError("An object that becomes a value must be made by makeRef.");
   return Ref<const Object>(this);
 }
 

@@ -26,7 +26,7 @@ class Object : public Counted {
   /// `float`, a `Value` and a callable included.
   std::optional<Value> getFromMirror(const String& name) const;
 
-  /// A value that holds this very object.
+  /// A value that holds this very object, which must be behind a `Ref` already: otherwise it is a fatal stop.
   Value asValue() const;
 
  protected:

@@ -1,16 +1,13 @@
 // How values are made, what they answer and how they print.
 #include "Velto/Value/Value.h"
 
-#include <algorithm>
-
 #include "Velto/Platform/Character.h"
 #include "Velto/Platform/Fatal.h"
-#include "Velto/Value/Array.h"
 #include "Velto/Value/Callable.h"
-#include "Velto/Value/Dictionary.h"
 #include "Velto/Value/IntegerRange.h"
 #include "Velto/Value/MetaType.h"
 #include "Velto/Value/StringMember.h"
+#include "Velto/Value/Walk.h"
 
 namespace velto {
 
@@ -30,6 +27,10 @@ Ref<const Object> normalized(Ref<const Object> object) {
 
 Value::Value(Tag tag, Ref<const Counted> shared) noexcept : tag_(tag), shared_(std::move(shared)) {
   if (!shared_) *this = nil();
+}
+
+Value::Value(const char* text) : Value() {
+  if (text) *this = String(text);
 }
 
 Value::Value(Character character) : Value(String::fromWellFormed(character.text())) {
@@ -138,12 +139,11 @@ bool Value::isOf(const MetaType& type) const {
 }
 
 bool Value::verify(const Value& value) {
-  if (const Array* array = value.array()) return std::ranges::all_of(array->elements(), verify);
-  if (const Dictionary* dictionary = value.dictionary()) {
-    return std::ranges::all_of(dictionary->entries(),
-                               [](const Dictionary::Entry& entry) { return verify(entry.key) && verify(entry.value); });
-  }
-  return !dynamic_cast<const Sequence*>(value.object()) && !dynamic_cast<const Mapping*>(value.object());
+  return allWithin(value, [](const Value& part) {
+    const bool isOfHost = !isContainer(part) &&
+                          (dynamic_cast<const Sequence*>(part.object()) || dynamic_cast<const Mapping*>(part.object()));
+    return !isOfHost;
+  });
 }
 
 String Value::textOf(char32_t scalar) {

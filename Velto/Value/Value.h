@@ -10,6 +10,7 @@
 
 #include "Velto/Platform/Ref.h"
 #include "Velto/Platform/String.h"
+#include "Velto/Value/ObjectForm.h"
 
 namespace [[gnu::visibility("default")]] velto {
 
@@ -20,6 +21,10 @@ concept OneOf = (std::same_as<T, Others> || ...);
 template <typename T>
 concept Numeric = std::floating_point<T> ||
     (std::integral<T> && !OneOf<T, bool, char, wchar_t, char8_t, char16_t, char32_t>);
+
+/// An object or a callable outside a `Ref`.
+template <typename T>
+concept HeldByValue = (std::derived_from<T, Object> || std::derived_from<T, Callable>)&&std::move_constructible<T>;
 
 /// A boolean, a number (a 64-bit float), an object, a callable, `nil`, or the state of a variable that was declared
 /// without a value. Copies share what they hold; nothing in the language changes an object in place.
@@ -38,7 +43,8 @@ class Value {
   template <Numeric T>
   Value(T number) noexcept : tag_(Tag::number), number_(static_cast<double>(number)) {}
   Value(String text) noexcept : tag_(Tag::string), string_(std::move(text)) {}
-  Value(const char* text) : Value(String(text)) {}
+  /// Null is `nil`.
+  Value(const char* text);
   Value(const std::string& text) : Value(String(text)) {}
   Value(std::string_view text) : Value(String(text)) {}
   Value(Character character);
@@ -57,6 +63,13 @@ class Value {
   Value(const Ref<T>& object) noexcept : Value(Ref<const Recognised<T>>(object)) {}
   template <std::derived_from<Callable> T>
   Value(const Ref<T>& callable) noexcept : Value(Ref<const Callable>(callable)) {}
+
+  /// An object or a callable that isn't behind a `Ref` moves there.
+  template <HeldByValue T>
+  Value(T held) : Value(makeRef<const T>(std::move(held))) {}
+  /// A record of the host's with the form of an object; copied, unless it is shared.
+  template <HasObjectForm T>
+  Value(const T& record) : Value(Ref<const Object>(asObject(record))) {}
 
   static Value nil() noexcept { return {}; }
   static Value uninitialized() noexcept;
@@ -139,6 +152,8 @@ class Value {
   Value(Tag tag, Ref<const Counted> shared) noexcept;
 
   static String textOf(char32_t scalar);
+  /// What this value, without those inside, adds to the hash.
+  Int ownHash() const;
   template <typename T>
   T* as(Tag tag) const noexcept;
   void letGo() noexcept;

@@ -7,18 +7,22 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// Values, objects and callables by their own `asValue`; booleans, numbers and text as what they are.
+/// Values, objects and callables.
 template <typename T>
-concept ValueConvertible = std::constructible_from<Value, const T&> || requires(const T& host) {
+concept SelfConvertible = requires(const T& host) {
   { host.asValue() } -> std::convertible_to<Value>;
 };
 
+template <typename T>
+concept ValueConvertible = SelfConvertible<T> || std::constructible_from<Value, const T&>;
+
+/// By their own `asValue` if they have one; booleans, numbers, text and records as what they are.
 template <ValueConvertible T>
 Value asValue(const T& host) {
-  if constexpr (std::constructible_from<Value, const T&>) {
-    return Value(host);
-  } else {
+  if constexpr (SelfConvertible<T>) {
     return host.asValue();
+  } else {
+    return Value(host);
   }
 }
 

@@ -5,9 +5,8 @@
 #include <limits>
 
 #include "Velto/Platform/Fatal.h"
-#include "Velto/Value/Array.h"
-#include "Velto/Value/Dictionary.h"
 #include "Velto/Value/IntegerRange.h"
+#include "Velto/Value/Walk.h"
 
 namespace velto {
 
@@ -37,23 +36,19 @@ Int hashOf(const CountableClosedRange& range) {
   return range.lower ^ (range.upper + 1);
 }
 
-Int hashOf(const Array& array) {
-  Int result = 0;
-  for (const Value& element : array.elements()) result ^= element.hashValue();
-  return result;
-}
-
-Int hashOf(const Dictionary& dictionary) {
-  Int result = 0;
-  for (const Dictionary::Entry& entry : dictionary.entries()) {
-    result ^= entry.key.hashValue() ^ entry.value.hashValue();
-  }
-  return result;
-}
-
 }  // namespace
 
 Int Value::hashValue() const {
+  if (!isContainer(*this)) return ownHash();
+  Int result = 0;
+  allWithin(*this, [&](const Value& value) {
+    result ^= value.ownHash();
+    return true;
+  });
+  return result;
+}
+
+Int Value::ownHash() const {
   switch (tag_) {
     case Tag::nil:
       return Hash::nil();
@@ -66,9 +61,9 @@ Int Value::hashValue() const {
     case Tag::string:
       return static_cast<Int>(string_.hash()) ^ Hash::string();
     case Tag::array:
-      return hashOf(*array()) ^ Hash::array();
+      return Hash::array();
     case Tag::dictionary:
-      return hashOf(*dictionary()) ^ Hash::dictionary();
+      return Hash::dictionary();
     case Tag::openRange:
       return hashOf(*openRange()) ^ Hash::range();
     case Tag::closedRange:

@@ -35,6 +35,11 @@ TEST(Callable, AsValueHoldsTheVeryCallable) {
   EXPECT_EQ(function->asValue().description(), String("<callable arity 2>"));
 }
 
+TEST(CallableDeathTest, AsValueStopsWhereNoReferenceHoldsTheCallable) {
+  const Function0 function("f", [] { return Value(); });
+  EXPECT_DEATH(function.asValue(), "fatal: A callable that becomes a value must be made by makeRef.");
+}
+
 TEST(NativeFunction, HasANameLabelsAndAsManyParametersAsItsNumber) {
   const auto none = makeRef<Function0>("f0", [] { return Value(0); });
   const auto three = makeRef<Function3>("f3", [](const Value& a, const Value&, const Value& c) {

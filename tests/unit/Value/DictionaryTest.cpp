@@ -21,7 +21,7 @@ TEST(Dictionary, AReplacedValueKeepsTheFirstKeyAndItsPlace) {
   ASSERT_EQ(dictionary.size(), 2u);
   EXPECT_EQ(dictionary.entries()[0].key.string()->view(), "e\u0301");
   EXPECT_EQ(dictionary.entries()[0].value, Value(3));
-  EXPECT_EQ(dictionary.printed(1), String("b: 2"));
+  EXPECT_EQ(dictionary.objectDescription(), String("[e\u0301: 3, b: 2]"));
 }
 
 TEST(Dictionary, KeysAreFoundByEquality) {

@@ -69,6 +69,13 @@ BOOST_DESCRIBE_STRUCT(Unit, (), (size))
 
 struct SpecialUnit : Unit {};
 
+/// May refer to itself.
+struct Node {
+  std::string name;
+  std::shared_ptr<Node> next;
+};
+BOOST_DESCRIBE_STRUCT(Node, (), (name, next))
+
 class Account {
  public:
   explicit Account(int balance) : balance_(balance) {}

@@ -5,6 +5,7 @@
 
 #include "Velto/Value/Array.h"
 #include "Velto/Value/MetaType.h"
+#include "tests/unit/Parser/SmallStack.h"
 #include "tests/unit/Value/Calls.h"
 #include "tests/unit/Value/HostTypes.h"
 
@@ -79,10 +80,34 @@ TEST(HostObject, PrintsByItsOwnDescriptionOrByItsProperties) {
   EXPECT_EQ(object(shop::Person{"Ann", 41})->objectDescription(), String("Person(name: Ann, age: 41)"));
 }
 
-TEST(HostObject, IsOfItsRecordsOwnClass) {
+TEST(HostObject, SharedUnderTheNameOfItsBaseIsOneOfTheBase) {
   EXPECT_EQ(object(shop::Person())->typeName(), String("Person"));
   const std::shared_ptr<shop::Unit> unit = std::make_shared<shop::SpecialUnit>();
-  EXPECT_EQ(object(unit)->typeName(), String("SpecialUnit"));
+  EXPECT_EQ(object(unit)->typeName(), String("Unit"));
+  EXPECT_EQ(object(unit)->objectDescription(), String("Unit(size: 1)"));
+  EXPECT_EQ(object(unit)->get("size"), Value(1));
+}
+
+TEST(HostObject, AReferenceToItselfPrintsAsItsType) {
+  const auto node = std::make_shared<shop::Node>(shop::Node{"a", nullptr});
+  node->next = node;
+  EXPECT_EQ(object(node)->objectDescription(), String("Node(name: a, next: Node(...))"));
+  const auto second = std::make_shared<shop::Node>(shop::Node{"b", node});
+  node->next = second;
+  EXPECT_EQ(object(node)->objectDescription(), String("Node(name: a, next: Node(name: b, next: Node(...)))"));
+  EXPECT_EQ(Value(std::vector<Value>{object(node), object(node)}.front()).description().view().substr(0, 7), "Node(na");
+  node->next = nullptr;
+}
+
+TEST(HostObject, ALongChainOfRecordsPrintsAsFarAsTheStackGoes) {
+  std::shared_ptr<shop::Node> first;
+  for (int count = 0; count < 10'000; ++count) first = std::make_shared<shop::Node>(shop::Node{"a", first});
+  onSmallStack([&] {
+    const String text = object(first)->objectDescription();
+    EXPECT_TRUE(text.view().starts_with("Node(name: a, next: Node(name: a"));
+    EXPECT_NE(text.view().find("next: Node(...))"), std::string_view::npos);
+  });
+  while (first) first = std::shared_ptr<shop::Node>(std::move(first->next));
 }
 
 TEST(HostObject, ATableOfPropertiesIsWhatIsSearched) {
@@ -153,6 +178,11 @@ TEST(Object, AsValueHoldsTheVeryObject) {
   EXPECT_EQ(plain->asValue().object(), plain.get());
   EXPECT_EQ(plain->asValue().description(), String("plain"));
   EXPECT_EQ(plain->typeName(), String("Plain"));
+}
+
+TEST(ObjectDeathTest, AsValueStopsWhereNoReferenceHoldsTheObject) {
+  const Plain plain;
+  EXPECT_DEATH(plain.asValue(), "fatal: An object that becomes a value must be made by makeRef.");
 }
 
 }  // namespace
