@@ -261,17 +261,6 @@ TEST_F(ExcerptTest, NeverReadsAPipe) {
   EXPECT_EQ(result.messages, "pipe:1:9: error: Expect ')' after arguments.\r\n");
 }
 
-TEST_F(ExcerptTest, ManyMessagesTakeNoLongerThanTheirLines) {
-  std::string source;
-  for (int line = 0; line < 50'000; ++line) source += ") while a end\n";
-  put("main.velto", source);
-  process.prepare = [] {
-    constexpr rlimit fiveSeconds{5, 5};
-    ::setrlimit(RLIMIT_CPU, &fiveSeconds);
-  };
-  EXPECT_EQ(run({"check", "--color", "always", "main.velto"}).status, 1);
-}
-
 // The address sanitizer itself needs more addresses than the limit leaves.
 #ifndef __SANITIZE_ADDRESS__
 TEST_F(CommandTest, EndsWhenMemoryRunsOut) {
