@@ -1,67 +1,53 @@
 #include "Velto/Interpreter/Bindings.h"
 
+#include <algorithm>
+
 namespace velto {
 
 namespace {
 
-constexpr std::size_t manyBindings = 8;
-constexpr std::size_t absent = static_cast<std::size_t>(-1);
+bool isNamed(const Bindings::Binding& binding, const String& name, std::size_t hash) noexcept {
+  return binding.name.isSameAs(name) || (binding.name.hash() == hash && binding.name == name);
+}
 
 }  // namespace
-
-Value* Bindings::find(const String& name) noexcept {
-  const std::size_t index = indexOf(name);
-  return index == absent ? nullptr : &bindings_[index].value;
-}
-
-const Value* Bindings::find(const String& name) const noexcept {
-  const std::size_t index = indexOf(name);
-  return index == absent ? nullptr : &bindings_[index].value;
-}
 
 void Bindings::set(const String& name, Value value) {
   if (Value* present = find(name)) {
     *present = std::move(value);
-    return;
-  }
-  bindings_.push_back({name, std::move(value)});
-  if (!table_.empty()) {
-    addToTable(bindings_.size() - 1);
-  } else if (bindings_.size() > manyBindings) {
-    rebuildTable(4 * manyBindings);
+  } else {
+    append(name, value, name.hash());
   }
 }
 
-void Bindings::clear() noexcept {
-  table_.clear();
-  // Moved out first: what goes with the values may look at this scope.
-  const std::vector<Binding> doomed = std::move(bindings_);
-  bindings_.clear();
+void Bindings::removeAll() noexcept {
+  // One by one, and whole in between: what goes with a value may look at this scope, or even add to it.
+  while (!bindings_.empty()) {
+    table_.clear();
+    filter_ = 0;
+    const Binding doomed = std::move(bindings_.back());
+    bindings_.pop_back();
+  }
 }
 
-std::size_t Bindings::indexOf(const String& name) const noexcept {
-  if (!table_.empty()) {
-    const std::size_t mask = table_.size() - 1;
-    for (std::size_t slot = name.hash() & mask; table_[slot] != 0; slot = (slot + 1) & mask) {
-      if (bindings_[table_[slot] - 1].name == name) return table_[slot] - 1;
-    }
-    return absent;
+const Bindings::Binding* Bindings::findByText(const String& name, std::size_t hash) const noexcept {
+  for (const Binding& binding : bindings_) {
+    if (isNamed(binding, name, hash)) return &binding;
   }
-  // Names of one file share their storage, so the first pass nearly always decides.
-  for (std::size_t index = 0; index < bindings_.size(); ++index) {
-    if (bindings_[index].name.isSameAs(name)) return index;
+  return nullptr;
+}
+
+const Bindings::Binding* Bindings::findInTable(const String& name, std::size_t hash) const noexcept {
+  const std::size_t mask = table_.size() - 1;
+  for (std::size_t slot = hash & mask; table_[slot] != 0; slot = (slot + 1) & mask) {
+    const Binding& binding = bindings_[table_[slot] - 1];
+    if (isNamed(binding, name, hash)) return &binding;
   }
-  for (std::size_t index = 0; index < bindings_.size(); ++index) {
-    if (bindings_[index].name == name) return index;
-  }
-  return absent;
+  return nullptr;
 }
 
 void Bindings::addToTable(std::size_t index) {
-  if (2 * bindings_.size() > table_.size()) {
-    rebuildTable(2 * table_.size());
-    return;
-  }
+  if (2 * bindings_.size() > table_.size()) return rebuildTable(std::max(4 * few, 2 * table_.size()));
   const std::size_t mask = table_.size() - 1;
   std::size_t slot = bindings_[index].name.hash() & mask;
   while (table_[slot] != 0) slot = (slot + 1) & mask;

@@ -15,27 +15,79 @@ namespace [[gnu::visibility("default")]] velto {
 class Bindings {
  public:
   struct Binding {
+    Binding(const String& name, const Value& value) noexcept : name(name), value(value) {}
+
     String name;
     Value value;
   };
 
+  /// How many names do without a table.
+  static constexpr std::size_t few = 8;
+
   /// Null if the name isn't there; good until the next `set`.
-  Value* find(const String& name) noexcept;
-  const Value* find(const String& name) const noexcept;
+  const Value* find(const String& name) const noexcept {
+    const Binding* found = findBinding(name);
+    return found ? &found->value : nullptr;
+  }
+  /// The value at `place` if this very name stands there. A look, and no search.
+  const Value* findAt(std::uint32_t place, const String& name) const noexcept {
+    const Binding* const binding = bindings_.data() + place;
+    const bool isThere = binding < bindings_.data() + bindings_.size() && binding->name.isSameAs(name);
+    return isThere ? &binding->value : nullptr;
+  }
+  Value* findAt(std::uint32_t place, const String& name) noexcept {
+    return const_cast<Value*>(std::as_const(*this).findAt(place, name));
+  }
+  /// Where the name stands, which has to be one of those here.
+  std::uint32_t placeOf(const String& name) const noexcept {
+    return static_cast<std::uint32_t>(findBinding(name) - bindings_.data());
+  }
+  Value* find(const String& name) noexcept { return const_cast<Value*>(std::as_const(*this).find(name)); }
   void set(const String& name, Value value);
+  /// False if the name is there already.
+  bool add(const String& name, const Value& value) {
+    const std::size_t hash = name.hash();
+    if ((filter_ & filterBit(hash)) != 0 && contains(name)) return false;
+    append(name, value, hash);
+    return true;
+  }
   bool contains(const String& name) const noexcept { return find(name) != nullptr; }
-  void clear() noexcept;
+  /// Keeps the memory for the names to come.
+  void clear() noexcept {
+    if (!bindings_.empty()) removeAll();
+  }
 
   std::span<const Binding> bindings() const noexcept { return bindings_; }
   std::size_t size() const noexcept { return bindings_.size(); }
 
  private:
-  std::size_t indexOf(const String& name) const noexcept;
+  void append(const String& name, const Value& value, std::size_t hash) {
+    bindings_.emplace_back(name, value);
+    filter_ |= filterBit(hash);
+    if (bindings_.size() > few) addToTable(bindings_.size() - 1);
+  }
+  void removeAll() noexcept;
+  static std::uint64_t filterBit(std::size_t hash) noexcept { return std::uint64_t{1} << (hash & 63); }
+  const Binding* findBinding(const String& name) const noexcept {
+    const std::size_t hash = name.hash();
+    if ((filter_ & filterBit(hash)) == 0) return nullptr;
+    return table_.empty() ? findAmongFew(name, hash) : findInTable(name, hash);
+  }
+  /// Names of one file share their storage, so the first pass nearly always decides.
+  const Binding* findAmongFew(const String& name, std::size_t hash) const noexcept {
+    for (const Binding& binding : bindings_) {
+      if (binding.name.isSameAs(name)) return &binding;
+    }
+    return findByText(name, hash);
+  }
+  const Binding* findByText(const String& name, std::size_t hash) const noexcept;
+  const Binding* findInTable(const String& name, std::size_t hash) const noexcept;
   void addToTable(std::size_t index);
   void rebuildTable(std::size_t slots);
 
   std::vector<Binding> bindings_;
   std::vector<std::uint32_t> table_;  // open addressing: 0, or 1 + the index of a binding; empty while few
+  std::uint64_t filter_ = 0;          // a bit for each name: most questions are for names that stand further out
 };
 
 }  // namespace velto

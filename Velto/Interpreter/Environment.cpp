@@ -17,10 +17,8 @@ void Environment::define(const String& name, Value value) {
 }
 
 void Environment::define(const Token& name, Value value) {
-  if (values.contains(name.lexeme)) {
-    fail(*logger_, VeltoError::Step::interpret, name.range, "Variable with this name already declared in this scope.");
-  }
-  values.set(name.lexeme, std::move(value));
+  if (values.add(name.lexeme, std::move(value))) return;
+  fail(*logger_, VeltoError::Step::interpret, name.range, "Variable with this name already declared in this scope.");
 }
 
 void Environment::assign(const Token& name, Value value) {
@@ -31,8 +29,10 @@ void Environment::assign(const Token& name, Value value) {
   failUndefined(name);
 }
 
-void Environment::assign(const Token& name, Value value, Int depth) {
-  ancestor(depth).values.set(name.lexeme, std::move(value));
+void Environment::assign(const Token& name, Value value, const Local& local) {
+  Bindings& names = ancestor(local.depth).values;
+  names.set(name.lexeme, std::move(value));
+  local.place = names.placeOf(name.lexeme);
 }
 
 Value Environment::get(const Token& name) const {
@@ -40,11 +40,13 @@ Value Environment::get(const Token& name) const {
   failUndefined(name);
 }
 
-Value Environment::get(const Token& name, Int depth) const {
-  const Value* value = ancestor(depth).values.find(name.lexeme);
+Value Environment::get(const Token& name, const Local& local) const {
+  const Bindings& names = ancestor(local.depth).values;
+  const Value* value = names.find(name.lexeme);
   if (!value) {
     fatalError(String::concatenation({"The scope of a resolved variable doesn't have '", name.lexeme, "'."}));
   }
+  local.place = names.placeOf(name.lexeme);
   return *value;
 }
 
@@ -65,13 +67,6 @@ Environment& Environment::ancestor(Int depth) const {
     if (!scope) fatalError("The scope of a resolved variable has died.");
   }
   return const_cast<Environment&>(*scope);
-}
-
-Value* Environment::find(const String& name) const noexcept {
-  for (const Environment* scope = this; scope; scope = scope->enclosing()) {
-    if (const Value* value = scope->values.find(name)) return const_cast<Value*>(value);
-  }
-  return nullptr;
 }
 
 void Environment::failUndefined(const Token& name) const {

@@ -6,6 +6,7 @@
 
 #include "Velto/Diagnostics/Logger.h"
 #include "Velto/Interpreter/Bindings.h"
+#include "Velto/Interpreter/Locals.h"
 #include "Velto/Platform/Ref.h"
 #include "Velto/Scanner/Token.h"
 #include "Velto/Value/Value.h"
@@ -33,22 +34,47 @@ class Environment final : public WeaklyCounted {
   /// Writes the nearest scope that has the name.
   void assign(const Token& name, Value value);
   /// Writes the scope `depth` links outward, whether or not it has the name.
-  void assign(const Token& name, Value value, Int depth);
+  void assign(const Token& name, Value value, Int depth) { assign(name, std::move(value), Local{depth}); }
+  void assign(const Token& name, Value value, const Local& local);
   /// Reads the nearest scope that has the name.
   Value get(const Token& name) const;
   /// Reads the scope `depth` links outward, which must have the name.
-  Value get(const Token& name, Int depth) const;
+  Value get(const Token& name, Int depth) const { return get(name, Local{depth}); }
+  Value get(const Token& name, const Local& local) const;
   /// The same walk as with a token; nothing if no scope has the name.
   std::optional<Value> get(const String& name) const;
 
+  /// The variable of the nearest scope that has the name, or null.
+  const Value* find(const String& name) const noexcept {
+    for (const Environment* scope = this; scope; scope = scope->enclosing()) {
+      if (const Value* value = scope->values.find(name)) return value;
+    }
+    return nullptr;
+  }
+  Value* find(const String& name) noexcept { return const_cast<Value*>(std::as_const(*this).find(name)); }
+  /// The variable that `local` tells if it stands where it stood when it was last looked up; else null.
+  const Value* findInPlace(const String& name, const Local& local) const noexcept {
+    const Environment* scope = this;
+    for (Int depth = local.depth; depth != 0; --depth) {
+      scope = scope->enclosing();
+      if (!scope) return nullptr;
+    }
+    return scope->values.findAt(local.place, name);
+  }
+  Value* findInPlace(const String& name, const Local& local) noexcept {
+    return const_cast<Value*>(std::as_const(*this).findInPlace(name, local));
+  }
+
  private:
+  friend class ScopePool;
+
   void clear() noexcept override;
   Environment& ancestor(Int depth) const;
-  Value* find(const String& name) const noexcept;
   [[noreturn]] void failUndefined(const Token& name) const;
 
   std::shared_ptr<Logger> logger_;
   WeakRef<Environment> enclosing_;
+  Ref<Environment> nextSpare_;  // while this waits to be used again
 };
 
 }  // namespace velto

@@ -26,10 +26,11 @@ Function::Function(FunctionDeclaration declaration, Ref<Environment> closure)
 
 Value Function::call(Interpreter& interpreter, Arguments arguments, const ReportError&) const {
   // The scope hangs on the declaring scope, not on the caller's.
-  auto environment = makeRef<Environment>(closure_.get(), interpreter.logger());
+  Ref<Environment> environment = interpreter.makeScope(closure_.get());
   const std::size_t count = std::min(declaration_.parameters.size(), arguments.size());
   for (std::size_t index = 0; index < count; ++index) {
-    environment->define(declaration_.parameters[index].name, arguments[index]);
+    const Token& name = declaration_.parameters[index].name;
+    if (!environment->values.add(name.lexeme, arguments[index])) environment->define(name, arguments[index]);
   }
   interpreter.executeBlock(declaration_.body, std::move(environment));
   return interpreter.takeReturnValue();

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "Velto/Diagnostics/Fail.h"
+#include "Velto/Interpreter/InterpreterInline.h"
 #include "Velto/Interpreter/ScopeGuard.h"
 #include "Velto/Library/BuiltInLibraries.h"
 #include "Velto/Platform/Fatal.h"
@@ -17,6 +18,7 @@ Interpreter::Interpreter(std::optional<Url> baseURL, std::shared_ptr<Logger> log
       logger_(std::move(logger)),
       fileSystem_(std::move(fileSystem)),
       parseCache_(logger_, fileSystem_),
+      scopes_(logger_),
       globals_(makeRef<Environment>(logger_)),
       stack_{globals_} {
   for (std::shared_ptr<Library>& library : makeBuiltInLibraries()) load(std::move(library));
@@ -32,16 +34,12 @@ void Interpreter::load(std::shared_ptr<Library> library) {
 }
 
 Environment& Interpreter::pushEnvironment(Ref<Environment> environment) {
-  if (!environment) environment = makeRef<Environment>(stack_.back().get(), logger_);
-  stack_.push_back(std::move(environment));
+  pushScope(environment ? std::move(environment) : makeScope(stack_.back().get()));
   return *stack_.back();
 }
 
 void Interpreter::popEnvironment() {
-  if (stack_.size() < 2) fatalError("The outermost scope can't be popped.");
-  Ref<Environment> scope = std::move(stack_.back());
-  stack_.pop_back();
-  survivors_.leave(std::move(scope));
+  popScope();
 }
 
 /// Counts the lists that run inside one another; at the end of the outermost one all output is written.
@@ -72,7 +70,7 @@ void Interpreter::interpret(const Statements& statements) {
 
 void Interpreter::interpretStatement(const Statement& statement) {
   try {
-    statement.accept(*this);
+    execute(statement);
   } catch (const VeltoError&) {
     throw;
   } catch (const std::bad_alloc&) {
@@ -85,25 +83,99 @@ void Interpreter::interpretStatement(const Statement& statement) {
 }
 
 void Interpreter::reportStrayTokens() {
-  reportStray(breakToken_, "Cannot break from outside a loop.");
-  reportStray(continueToken_, "Cannot continue from outside a loop.");
-  reportStray(returnToken_, "Cannot return from outside a function.");
+  if (!jumps_.areAny()) return;
+  reportStray(Jumps::Kind::break_, "Cannot break from outside a loop.");
+  reportStray(Jumps::Kind::continue_, "Cannot continue from outside a loop.");
+  reportStray(Jumps::Kind::return_, "Cannot return from outside a function.");
   returnValue_ = Value::nil();
 }
 
-void Interpreter::reportStray(std::optional<Token>& token, std::string_view message) {
-  if (!token) return;
-  logger_->report(Message::Level::error, message, token->range);
+void Interpreter::reportStray(Jumps::Kind kind, std::string_view message) {
+  if (!jumps_.take(kind)) return;
+  logger_->report(Message::Level::error, message, jumps_.range(kind));
   hadError = true;
-  token.reset();
 }
 
 Url Interpreter::resolve(const String& path) const {
   return baseURL_ ? baseURL_->appendingPathComponent(path) : Url(path);
 }
 
-Value Interpreter::evaluate(const Expression& expression) {
+/// The same as `statement.accept(*this)`, without the two virtual calls.
+void Interpreter::execute(const Statement& statement) {
+  switch (statement.kind()) {
+    case StatementKinds::of<Break>:
+      return visitBreak(statement.record<Break>());
+    case StatementKinds::of<Case>:
+      return visitCase(statement.record<Case>());
+    case StatementKinds::of<Continue>:
+      return visitContinue(statement.record<Continue>());
+    case StatementKinds::of<ExpressionBlock>:
+      return visitExpressionBlock(statement.record<ExpressionBlock>());
+    case StatementKinds::of<ExpressionStatement>:
+      return visitExpressionStatement(statement.record<ExpressionStatement>());
+    case StatementKinds::of<For>:
+      return visitFor(statement.record<For>());
+    case StatementKinds::of<FunctionDeclaration>:
+      return visitFunctionDeclaration(statement.record<FunctionDeclaration>());
+    case StatementKinds::of<If>:
+      return visitIf(statement.record<If>());
+    case StatementKinds::of<Include>:
+      return visitInclude(statement.record<Include>());
+    case StatementKinds::of<Return>:
+      return visitReturn(statement.record<Return>());
+    case StatementKinds::of<Switch>:
+      return visitSwitch(statement.record<Switch>());
+    case StatementKinds::of<VariableDeclaration>:
+      return visitVariableDeclaration(statement.record<VariableDeclaration>());
+    case StatementKinds::of<Verbatim>:
+      return visitVerbatim(statement.record<Verbatim>());
+    case StatementKinds::of<While>:
+      return visitWhile(statement.record<While>());
+    default:
+      return statement.accept(*this);
+  }
+}
+
+/// What a visit would leave in `lastResult_`, without the visit where the kind is one of the language's.
+Value Interpreter::evaluateNode(const Expression& expression) {
   if (guard_.isExhausted()) fail(expression.range(), "Stack exhausted.");
+  switch (expression.kind()) {
+    case ExpressionKinds::of<ArrayLiteral>:
+      return valueOf(expression.record<ArrayLiteral>());
+    case ExpressionKinds::of<Assignment>:
+      return valueOf(expression.record<Assignment>());
+    case ExpressionKinds::of<Binary>:
+      return valueOf(expression.record<Binary>());
+    case ExpressionKinds::of<Call>:
+      return valueOf(expression.record<Call>());
+    case ExpressionKinds::of<DictionaryLiteral>:
+      return valueOf(expression.record<DictionaryLiteral>());
+    case ExpressionKinds::of<Grouping>:
+      return valueOf(expression.record<Grouping>());
+    case ExpressionKinds::of<Literal>:
+      return valueOf(expression.record<Literal>());
+    case ExpressionKinds::of<Logical>:
+      return valueOf(expression.record<Logical>());
+    case ExpressionKinds::of<Member>:
+      return valueOf(expression.record<Member>());
+    case ExpressionKinds::of<Tuple>:
+      return valueOf(expression.record<Tuple>());
+    case ExpressionKinds::of<TypeCheck>:
+      return valueOf(expression.record<TypeCheck>());
+    case ExpressionKinds::of<StringExpression>:
+      return valueOf(expression.record<StringExpression>());
+    case ExpressionKinds::of<Subscript>:
+      return valueOf(expression.record<Subscript>());
+    case ExpressionKinds::of<Unary>:
+      return valueOf(expression.record<Unary>());
+    case ExpressionKinds::of<Variable>:
+      return valueOf(expression.record<Variable>());
+    default:
+      return visited(expression);
+  }
+}
+
+Value Interpreter::visited(const Expression& expression) {
   expression.accept(*this);
   if (!lastResult_) fatalError("Evaluation did not produce a value.");
   Value result = std::move(*lastResult_);
@@ -112,19 +184,34 @@ Value Interpreter::evaluate(const Expression& expression) {
 }
 
 void Interpreter::executeBlock(const Statements& statements) {
-  executeBlock(statements, makeRef<Environment>(stack_.back().get(), logger_));
+  executeBlock(statements, makeScope(stack_.back().get()));
 }
 
 void Interpreter::executeBlock(const Statements& statements, Ref<Environment> environment) {
   const ScopeGuard scope(*this, std::move(environment));
+  executeList(statements);
+}
+
+void Interpreter::executeList(const Statements& statements) {
   for (const Statement& statement : statements) {
-    statement.accept(*this);
-    if (isLeaving()) return;
+    execute(statement);
+    if (jumps_.areAny()) return;
+  }
+}
+
+/// Makes the current scope as good as new. Where somebody else holds it, there has to be another one.
+void Interpreter::renewScope() {
+  Environment& scope = current();
+  if (scope.holderCount() == 1 && scope.observerCount() == 0) {
+    scope.values.clear();
+  } else {
+    popEnvironment();
+    pushEnvironment();
   }
 }
 
 Value Interpreter::takeReturnValue() {
-  returnToken_.reset();
+  if (!jumps_.take(Jumps::Kind::return_)) return Value::nil();
   return std::exchange(returnValue_, Value::nil());
 }
 
@@ -148,6 +235,66 @@ void Interpreter::visitExpressionStatement(const ExpressionStatement& node) {
 void Interpreter::visitVariableDeclaration(const VariableDeclaration& node) {
   Value value = node.initializer ? evaluate(*node.initializer) : Value::uninitialized();
   current().define(node.name, std::move(value));
+}
+
+void Interpreter::visitArrayLiteral(const ArrayLiteral& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitAssignment(const Assignment& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitBinary(const Binary& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitCall(const Call& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitDictionaryLiteral(const DictionaryLiteral& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitGrouping(const Grouping& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitLiteral(const Literal& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitLogical(const Logical& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitMember(const Member& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitTuple(const Tuple& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitTypeCheck(const TypeCheck& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitStringExpression(const StringExpression& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitSubscript(const Subscript& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitUnary(const Unary& node) {
+  finish(valueOf(node));
+}
+
+void Interpreter::visitVariable(const Variable& node) {
+  finish(valueOf(node));
 }
 
 }  // namespace velto

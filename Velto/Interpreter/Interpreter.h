@@ -5,11 +5,13 @@
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "Velto/Diagnostics/Logger.h"
 #include "Velto/Interpreter/Environment.h"
+#include "Velto/Interpreter/Jumps.h"
+#include "Velto/Interpreter/Locals.h"
+#include "Velto/Interpreter/ScopePool.h"
 #include "Velto/Interpreter/SurvivingScopes.h"
 #include "Velto/Library/Library.h"
 #include "Velto/Parser/Statement.h"
@@ -51,9 +53,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Print print;
   /// True as soon as any failure was seen; never cleared here.
   bool hadError = false;
-  /// For a resolved expression: how many links lie between the current scope and that of its variable. Written by
-  /// `Resolver`.
-  std::unordered_map<Uuid, Int> locals;
+  /// Written by `Resolver`.
+  Locals locals;
 
   void load(std::shared_ptr<Library> library);
   /// Pushes `environment`, or a new scope inside the current one.
@@ -99,20 +100,45 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
 
  private:
   friend class Function;
+  friend class ScopeGuard;
   class RunningList;
 
   // Interpreter.cpp: the frame
+  void execute(const Statement& statement);
   Value evaluate(const Expression& expression);
+  Value evaluateNode(const Expression& expression);
+  Value visited(const Expression& expression);
   void finish(Value result) { lastResult_ = std::move(result); }
   void executeBlock(const Statements& statements);
   void executeBlock(const Statements& statements, Ref<Environment> environment);
-  bool isLeaving() const noexcept { return breakToken_ || continueToken_ || returnToken_; }
+  void executeList(const Statements& statements);
   Value takeReturnValue();
   void interpretStatement(const Statement& statement);
   void reportStrayTokens();
-  void reportStray(std::optional<Token>& token, std::string_view message);
+  void reportStray(Jumps::Kind kind, std::string_view message);
   Environment& current() noexcept { return *stack_.back(); }
+  void pushScope(Ref<Environment> scope) { stack_.push_back(std::move(scope)); }
+  void popScope() noexcept;
+  void renewScope();
+  Ref<Environment> makeScope(Environment* enclosing) { return scopes_.make(enclosing); }
   [[noreturn]] void fail(const Range& range, String message);
+
+  // What each kind of expression evaluates to
+  Value valueOf(const ArrayLiteral& node);
+  Value valueOf(const Assignment& node);
+  Value valueOf(const Binary& node);
+  Value valueOf(const Call& node);
+  Value valueOf(const DictionaryLiteral& node);
+  Value valueOf(const Grouping& node);
+  Value valueOf(const Literal& node);
+  Value valueOf(const Logical& node);
+  Value valueOf(const Member& node);
+  Value valueOf(const Tuple& node);
+  Value valueOf(const TypeCheck& node);
+  Value valueOf(const StringExpression& node);
+  Value valueOf(const Subscript& node);
+  Value valueOf(const Unary& node);
+  Value valueOf(const Variable& node);
 
   // InterpreterOperators.cpp: operators, literals, variables and assignment
   bool areSame(const Value& left, const Value& right, const Range& range);
@@ -120,17 +146,18 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   bool callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range);
   Value calculate(const Token& operator_, double left, double right);
   bool evaluateOperand(const Expression& operand, const Token& operator_);
-  Value lookUpVariable(const Token& name, const Uuid& id);
   Value readVariable(const Token& name, const Uuid& id);
+  Value lookUpVariable(const Token& name, const Uuid& id);
   Value evaluateKey(const Expression& key, const Range& range);
 
   // InterpreterMembers.cpp: members and subscripts
-  void visitArraySubscript(const Subscript& node, const Array& array);
-  void visitDictionarySubscript(const Subscript& node, const Dictionary& dictionary);
-  void visitStringSubscript(const Subscript& node, const String& string);
+  Value element(const Subscript& node, const Array& array);
+  Value element(const Subscript& node, const Dictionary& dictionary);
+  Value element(const Subscript& node, const String& string);
 
   // InterpreterCalls.cpp: calls and function declarations
-  std::vector<Value> evaluateArguments(const Call& node, const Callable& callable);
+  template <typename ArgumentValues>
+  void evaluateArguments(const Call& node, const Callable& callable, ArgumentValues& arguments);
   void checkLabel(const Label& expected, const Call::Argument& argument);
 
   // InterpreterBranches.cpp: branches, loops and includes
@@ -138,6 +165,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   bool executeBranch(const IfBranch& branch);
   bool executeLoopBody(const Statements& body);
   void iterate(const For& node, const Value& sequence);
+  void assignLoopVariable(const Token& name, std::uint32_t place, Value value);
   void iterateIntegers(const For& node, const Token& name, Int lower, Int upper);
   void iterateArray(const For& node, const Token& name, const Array& array);
   void iterateDictionary(const For& node, const Dictionary& dictionary);
@@ -149,12 +177,11 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   std::shared_ptr<Logger> logger_;
   std::shared_ptr<FileSystem> fileSystem_;
   ParseCache parseCache_;
+  ScopePool scopes_;
   Ref<Environment> globals_;
   std::vector<Ref<Environment>> stack_;
   std::optional<Value> lastResult_;  // of the expression visit that has just ended
-  std::optional<Token> breakToken_;
-  std::optional<Token> continueToken_;
-  std::optional<Token> returnToken_;
+  Jumps jumps_;
   Value returnValue_;  // of the `return` that is travelling, `nil` at all other times
   std::vector<std::shared_ptr<Library>> libraries_;
   SurvivingScopes survivors_;

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Interpreter/InterpreterInline.h"
 #include "Velto/Interpreter/ScopeGuard.h"
 #include "Velto/Platform/Fatal.h"
 #include "Velto/Value/Array.h"
@@ -32,19 +33,20 @@ bool Interpreter::evaluateCondition(const Expression& condition) {
 }
 
 void Interpreter::visitWhile(const While& node) {
-  while (evaluateCondition(node.condition) && executeLoopBody(node.body)) {
+  while (evaluateCondition(node.condition)) {
+    const ScopeGuard body(*this);
+    if (!executeLoopBody(node.body)) return;
   }
 }
 
-/// Runs the body once; false when the loop has to end.
+/// Runs the body once, in the current scope, which it leaves as good as new; false when the loop has to end.
 bool Interpreter::executeLoopBody(const Statements& body) {
-  executeBlock(body);
-  if (breakToken_) {
-    breakToken_.reset();
-    return false;
-  }
-  continueToken_.reset();
-  return !returnToken_;
+  executeList(body);
+  renewScope();
+  if (!jumps_.areAny()) return true;
+  if (jumps_.take(Jumps::Kind::break_)) return false;
+  jumps_.take(Jumps::Kind::continue_);
+  return !jumps_.has(Jumps::Kind::return_);
 }
 
 void Interpreter::visitFor(const For& node) {
@@ -71,16 +73,29 @@ void Interpreter::iterate(const For& node, const Value& sequence) {
 }
 
 void Interpreter::iterateIntegers(const For& node, const Token& name, Int lower, Int upper) {
+  const ScopeGuard body(*this);
   for (Int number = lower; number < upper; ++number) {
-    current().assign(name, number);
+    assignLoopVariable(name, 0, number);
     if (!executeLoopBody(node.body)) return;
   }
 }
 
 void Interpreter::iterateArray(const For& node, const Token& name, const Array& array) {
+  const ScopeGuard body(*this);
   for (const Value& element : array.elements()) {
-    current().assign(name, element);
+    assignLoopVariable(name, 0, element);
     if (!executeLoopBody(node.body)) return;
+  }
+}
+
+/// The scope of the loop lies around that of the body, which is the current one. The variable stands there at `place`,
+/// unless a host has changed the scope.
+void Interpreter::assignLoopVariable(const Token& name, std::uint32_t place, Value value) {
+  Environment& loop = *stack_[stack_.size() - 2];
+  if (Value* variable = loop.values.findAt(place, name.lexeme)) {
+    *variable = std::move(value);
+  } else {
+    loop.assign(name, std::move(value));
   }
 }
 
@@ -91,9 +106,10 @@ const Token& Interpreter::loopVariable(const For& node) {
 
 void Interpreter::iterateDictionary(const For& node, const Dictionary& dictionary) {
   if (node.tuple.names.size() != 2) fail(node.tuple.range, "For loop expected two variables.");
+  const ScopeGuard body(*this);
   for (const auto& [key, value] : dictionary.entries()) {
-    current().assign(node.tuple.names[0], key);
-    current().assign(node.tuple.names[1], value);
+    assignLoopVariable(node.tuple.names[0], 0, key);
+    assignLoopVariable(node.tuple.names[1], 1, value);
     if (!executeLoopBody(node.body)) return;
   }
 }
@@ -136,16 +152,16 @@ ParseCache::FileStatements Interpreter::parseIncluded(const Include& node, const
 
 void Interpreter::visitReturn(const Return& node) {
   Value value = node.value ? evaluate(*node.value) : Value::nil();
-  returnToken_ = node.keyword;
+  jumps_.set(Jumps::Kind::return_, node.keyword.range);
   returnValue_ = std::move(value);
 }
 
 void Interpreter::visitBreak(const Break& node) {
-  breakToken_ = node.token;
+  jumps_.set(Jumps::Kind::break_, node.token.range);
 }
 
 void Interpreter::visitContinue(const Continue& node) {
-  continueToken_ = node.token;
+  jumps_.set(Jumps::Kind::continue_, node.token.range);
 }
 
 }  // namespace velto

@@ -1,18 +1,22 @@
 // Calls, and the declaration of functions.
+#include <boost/container/small_vector.hpp>
+
 #include "Velto/Diagnostics/VeltoError.h"
 #include "Velto/Interpreter/Function.h"
 #include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Interpreter/InterpreterInline.h"
 
 namespace velto {
 
-void Interpreter::visitCall(const Call& node) {
+Value Interpreter::valueOf(const Call& node) {
   const Value callee = evaluate(node.callee);
   const Callable* callable = callee.callable();
   if (!callable) fail(node.paren.range, "Can only call functions and classes.");
-  const std::vector<Value> arguments = evaluateArguments(node, *callable);
+  boost::container::small_vector<Value, 4> arguments;
+  evaluateArguments(node, *callable, arguments);
   const auto reportError = [&](const String& message) { fail(node.paren.range, message); };
   try {
-    finish(callable->call(*this, arguments, reportError));
+    return callable->call(*this, std::span<const Value>(arguments.data(), arguments.size()), reportError);
   } catch (const VeltoError&) {
     // One line for each call on the way out, innermost first: the language's stack trace.
     logger_->report(Message::Level::info, String::concatenation({callable->describe(arguments), " called here"}),
@@ -21,19 +25,18 @@ void Interpreter::visitCall(const Call& node) {
   }
 }
 
-std::vector<Value> Interpreter::evaluateArguments(const Call& node, const Callable& callable) {
+template <typename ArgumentValues>
+void Interpreter::evaluateArguments(const Call& node, const Callable& callable, ArgumentValues& arguments) {
   const std::span<const Label> labels = callable.labels();
   if (labels.size() != node.arguments.size()) {
     fail(node.paren.range, String::concatenation({"Expected ", decimal(callable.arity()), " arguments but got ",
                                                   decimal(static_cast<Int>(node.arguments.size())), "."}));
   }
-  std::vector<Value> arguments;
   arguments.reserve(labels.size());
   for (std::size_t index = 0; index < labels.size(); ++index) {
     arguments.push_back(evaluate(node.arguments[index].value));
     checkLabel(labels[index], node.arguments[index]);
   }
-  return arguments;
 }
 
 void Interpreter::checkLabel(const Label& expected, const Call::Argument& argument) {

@@ -3,6 +3,7 @@
 
 #include "Velto/Interpreter/IntegerConversion.h"
 #include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Interpreter/InterpreterInline.h"
 #include "Velto/Platform/Character.h"
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
@@ -10,7 +11,7 @@
 
 namespace velto {
 
-void Interpreter::visitMember(const Member& node) {
+Value Interpreter::valueOf(const Member& node) {
   const Value value = evaluate(node.object);
   if (!value.isObject()) {
     fail(node.dot.range, String::concatenation({"Operand must be an object but it is ", value.description(), "."}));
@@ -20,28 +21,28 @@ void Interpreter::visitMember(const Member& node) {
     fail(node.dot.range, String::concatenation({"Object '", value.objectDescription(), "' does not have property '",
                                                 node.member.lexeme, "'."}));
   }
-  finish(std::move(*result));
+  return std::move(*result);
 }
 
-void Interpreter::visitSubscript(const Subscript& node) {
+Value Interpreter::valueOf(const Subscript& node) {
   const Value value = evaluate(node.subscriptee);
-  if (const Array* array = value.array()) return visitArraySubscript(node, *array);
-  if (const Dictionary* dictionary = value.dictionary()) return visitDictionarySubscript(node, *dictionary);
-  if (const String* string = value.string()) return visitStringSubscript(node, *string);
+  if (const Array* array = value.array()) return element(node, *array);
+  if (const Dictionary* dictionary = value.dictionary()) return element(node, *dictionary);
+  if (const String* string = value.string()) return element(node, *string);
   fail(node.bracket.range, "Can only subscript arrays, dictionaries or strings.");
 }
 
-void Interpreter::visitArraySubscript(const Subscript& node, const Array& array) {
+Value Interpreter::element(const Subscript& node, const Array& array) {
   const Value value = evaluate(node.index);
   if (!value.number()) fail(node.bracket.range, "Array subscripts can only be numbers.");
   const Int index = integer(*value.number());
   if (index < 0 || index >= static_cast<Int>(array.size())) fail(node.bracket.range, "Index out of bounds.");
-  finish(array.elements()[static_cast<std::size_t>(index)]);
+  return array.elements()[static_cast<std::size_t>(index)];
 }
 
-void Interpreter::visitDictionarySubscript(const Subscript& node, const Dictionary& dictionary) {
+Value Interpreter::element(const Subscript& node, const Dictionary& dictionary) {
   const Value* value = dictionary.find(evaluateKey(node.index, node.bracket.range));
-  finish(value ? *value : Value::nil());
+  return value ? *value : Value::nil();
 }
 
 namespace {
@@ -77,7 +78,7 @@ std::optional<String> characters(const String& text, Int lower, Int upper) {
 
 }  // namespace
 
-void Interpreter::visitStringSubscript(const Subscript& node, const String& string) {
+Value Interpreter::element(const Subscript& node, const String& string) {
   const Value value = evaluate(node.index);
   std::optional<String> result;
   if (const double* number = value.number()) {
@@ -92,7 +93,7 @@ void Interpreter::visitStringSubscript(const Subscript& node, const String& stri
     fail(node.bracket.range, "String subscripts can only be numbers or ranges.");
   }
   if (!result) fail(node.bracket.range, "Range out of bounds.");
-  finish(std::move(*result));
+  return std::move(*result);
 }
 
 }  // namespace velto

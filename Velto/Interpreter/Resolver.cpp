@@ -57,7 +57,7 @@ std::optional<Int> Resolver::depth(const Token& name, std::size_t skipped) const
 void Resolver::resolveLocal(const Token& name, const Uuid& id) {
   const auto innermost = scopes_.back().find(name.lexeme);
   const bool isBeingDeclared = innermost != scopes_.back().end() && !innermost->second;
-  if (const std::optional<Int> found = depth(name, isBeingDeclared ? 1 : 0)) interpreter_.locals[id] = *found;
+  if (const std::optional<Int> found = depth(name, isBeingDeclared ? 1 : 0)) interpreter_.locals.set(id, *found);
 }
 
 void Resolver::visitVerbatim(const Verbatim&) {

@@ -15,7 +15,7 @@ void Resolver::visitTuple(const Tuple& node) {
 
 void Resolver::visitAssignment(const Assignment& node) {
   resolve(node.value);
-  if (const std::optional<Int> found = depth(node.name, 0)) interpreter_.locals[node.id] = *found;
+  if (const std::optional<Int> found = depth(node.name, 0)) interpreter_.locals.set(node.id, *found);
 }
 
 void Resolver::visitBinary(const Binary& node) {

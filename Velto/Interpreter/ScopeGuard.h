@@ -1,16 +1,18 @@
 // A scope that is pushed for as long as a C++ block runs.
 #pragma once
 
-#include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Interpreter/InterpreterInline.h"
 
 namespace velto {
 
 class ScopeGuard {
  public:
-  explicit ScopeGuard(Interpreter& interpreter, Ref<Environment> environment = nullptr) : interpreter_(interpreter) {
-    interpreter.pushEnvironment(std::move(environment));
+  explicit ScopeGuard(Interpreter& interpreter)
+      : ScopeGuard(interpreter, interpreter.makeScope(interpreter.stack_.back().get())) {}
+  ScopeGuard(Interpreter& interpreter, Ref<Environment> environment) : interpreter_(interpreter) {
+    interpreter.pushScope(std::move(environment));
   }
-  ~ScopeGuard() { interpreter_.popEnvironment(); }
+  ~ScopeGuard() { interpreter_.popScope(); }
   ScopeGuard(const ScopeGuard&) = delete;
   ScopeGuard& operator=(const ScopeGuard&) = delete;
 

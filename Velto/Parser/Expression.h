@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Velto/Parser/NodeId.h"
+#include "Velto/Parser/NodeKind.h"
 #include "Velto/Platform/Ref.h"
 #include "Velto/Scanner/Token.h"
 
@@ -18,6 +19,11 @@ concept ExpressionRecord =
     !std::same_as<Record, Expression> && requires(const Record& record, ExpressionVisitor& visitor) {
   record.accept(visitor);
 };
+
+using ExpressionKinds =
+    NodeKinds<struct ArrayLiteral, struct Assignment, struct Binary, struct Call, struct DictionaryLiteral,
+              struct Grouping, struct Literal, struct Logical, struct Member, struct Tuple, struct TypeCheck,
+              struct StringExpression, struct Subscript, struct Unary, struct Variable>;
 
 /// Any expression record, shared and immutable; a copy of the handle, like a copy of the record, keeps the `id`.
 class Expression {
@@ -38,16 +44,27 @@ class Expression {
     return box ? &box->record : nullptr;
   }
 
+  /// A number for the kind of record, for walkers that would rather switch than be visited.
+  ExpressionKinds::Kind kind() const noexcept { return node_->kind; }
+  /// The record, which must be of this kind.
+  template <typename Record>
+  const Record& record() const noexcept {
+    return static_cast<const Box<Record>*>(node_.get())->record;
+  }
+
  private:
   struct Node : Counted {
+    explicit Node(ExpressionKinds::Kind kind) noexcept : kind(kind) {}
     virtual const Uuid& id() const noexcept = 0;
     virtual const Range& range() const noexcept = 0;
     virtual void accept(ExpressionVisitor& visitor) const = 0;
+
+    const ExpressionKinds::Kind kind;
   };
 
   template <typename Record>
   struct Box final : Node {
-    explicit Box(Record record) : record(std::move(record)) {}
+    explicit Box(Record record) : Node(ExpressionKinds::of<Record>), record(std::move(record)) {}
     const Uuid& id() const noexcept override { return record.id; }
     const Range& range() const noexcept override { return record.range; }
     void accept(ExpressionVisitor& visitor) const override { record.accept(visitor); }

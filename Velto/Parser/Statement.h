@@ -18,6 +18,11 @@ concept StatementRecord =
   record.accept(visitor);
 };
 
+using StatementKinds =
+    NodeKinds<struct Break, struct Case, struct Continue, struct ExpressionBlock, struct ExpressionStatement,
+              struct For, struct FunctionDeclaration, struct If, struct Include, struct Return, struct Switch,
+              struct VariableDeclaration, struct Verbatim, struct While>;
+
 /// Any statement record, shared and immutable.
 class Statement {
  public:
@@ -35,15 +40,26 @@ class Statement {
     return box ? &box->record : nullptr;
   }
 
+  /// A number for the kind of record, for walkers that would rather switch than be visited.
+  StatementKinds::Kind kind() const noexcept { return node_->kind; }
+  /// The record, which must be of this kind.
+  template <typename Record>
+  const Record& record() const noexcept {
+    return static_cast<const Box<Record>*>(node_.get())->record;
+  }
+
  private:
   struct Node : Counted {
+    explicit Node(StatementKinds::Kind kind) noexcept : kind(kind) {}
     virtual Range range() const = 0;
     virtual void accept(StatementVisitor& visitor) const = 0;
+
+    const StatementKinds::Kind kind;
   };
 
   template <typename Record>
   struct Box final : Node {
-    explicit Box(Record record) : record(std::move(record)) {}
+    explicit Box(Record record) : Node(StatementKinds::of<Record>), record(std::move(record)) {}
     Range range() const override {
       if constexpr (requires { record.range(); }) {
         return record.range();

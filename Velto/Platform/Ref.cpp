@@ -18,7 +18,8 @@ struct Disposals {
   std::vector<const Counted*>* waiting = nullptr;  // that of the outermost disposal; null when there is none
 };
 
-thread_local constinit Disposals disposals;
+// Reached through a fixed offset: it is looked at whenever an object ends.
+[[gnu::tls_model("initial-exec")]] thread_local constinit Disposals disposals;
 
 /// The outermost disposal of a thread, which lasts until nothing waits any more.
 class OutermostDisposal {

@@ -20,7 +20,7 @@ class HolderCount {
  public:
   explicit HolderCount(std::uint32_t initial) noexcept : count_(initial) {}
 
-  void increment() noexcept {
+  [[gnu::always_inline]] void increment() noexcept {
     if (isSingleThreaded()) {
       count_.store(count_.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
     } else {
@@ -29,7 +29,7 @@ class HolderCount {
   }
 
   /// True when the last holder has gone.
-  bool decrement() noexcept {
+  [[gnu::always_inline]] bool decrement() noexcept {
     if (isSingleThreaded()) {
       const std::uint32_t left = count_.load(std::memory_order_relaxed) - 1;
       count_.store(left, std::memory_order_relaxed);
@@ -60,8 +60,8 @@ class Counted {
   Counted& operator=(const Counted&) noexcept { return *this; }
   virtual ~Counted() = default;
 
-  void retain() const noexcept { holders_.increment(); }
-  void release() const noexcept {
+  [[gnu::always_inline]] void retain() const noexcept { holders_.increment(); }
+  [[gnu::always_inline]] void release() const noexcept {
     if (holders_.decrement()) dispose();
   }
   std::uint32_t holderCount() const noexcept { return holders_.get(); }
@@ -98,7 +98,7 @@ class Ref {
     std::swap(pointer_, other.pointer_);
     return *this;
   }
-  ~Ref() {
+  [[gnu::always_inline]] ~Ref() {
     if (pointer_) pointer_->release();
   }
 
@@ -130,8 +130,8 @@ class WeaklyCounted : public Counted {
   /// How many `WeakRef`s look at it.
   std::uint32_t observerCount() const noexcept { return observers_.get() - (isAlive() ? 1 : 0); }
 
-  void observe() const noexcept { observers_.increment(); }
-  void unobserve() const noexcept {
+  [[gnu::always_inline]] void observe() const noexcept { observers_.increment(); }
+  [[gnu::always_inline]] void unobserve() const noexcept {
     if (observers_.decrement()) dispose();
   }
 
@@ -171,6 +171,11 @@ class WeakRef {
   }
 
   T* get() const noexcept { return pointer_ && pointer_->isAlive() ? pointer_ : nullptr; }
+
+  void observeInstead(T* pointer) noexcept {
+    if (pointer) pointer->observe();
+    if (T* const before = std::exchange(pointer_, pointer)) before->unobserve();
+  }
 
  private:
   T* pointer_ = nullptr;

@@ -68,13 +68,11 @@ Int String::utf16Length() const noexcept {
   });
 }
 
-std::size_t String::hash() const noexcept {
+std::size_t String::findHash() const noexcept {
   if (!storage_) return std::hash<std::string_view>()({});
-  std::size_t hash = storage_->hash.load(std::memory_order_relaxed);
-  if (hash == 0) {
-    hash = std::max<std::size_t>(isASCII() ? std::hash<std::string_view>()(view()) : unicode::hash(view()), 1);
-    storage_->hash.store(hash, std::memory_order_relaxed);
-  }
+  const std::size_t hash =
+      std::max<std::size_t>(isASCII() ? std::hash<std::string_view>()(view()) : unicode::hash(view()), 1);
+  storage_->hash.store(hash, std::memory_order_relaxed);
   return hash;
 }
 

@@ -19,6 +19,7 @@ namespace [[gnu::visibility("default")]] velto {
 /// by canonical equivalence: an accented letter equals its decomposed form.
 class String {
   friend class StringBuilder;
+  friend class Value;
 
   /// The bytes stand behind the object, or within those of the text that this is a slice of.
   struct Storage final : Counted {
@@ -62,7 +63,10 @@ class String {
 
   Int characterCount() const noexcept;
   Int utf16Length() const noexcept;
-  std::size_t hash() const noexcept;
+  std::size_t hash() const noexcept {
+    const std::size_t known = storage_ ? storage_->hash.load(std::memory_order_relaxed) : 0;
+    return known != 0 ? known : findHash();
+  }
 
   /// True when both are the same bytes in memory, so that a comparison of the texts isn't needed.
   bool isSameAs(const String& other) const noexcept { return storage_ == other.storage_; }
@@ -71,6 +75,7 @@ class String {
   friend std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
 
  private:
+  std::size_t findHash() const noexcept;
   explicit String(Ref<const Storage> storage) noexcept : storage_(std::move(storage)) {}
 
   Ref<const Storage> storage_;  // empty for the empty text

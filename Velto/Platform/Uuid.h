@@ -15,14 +15,21 @@ namespace [[gnu::visibility("default")]] velto {
 class Uuid {
  public:
   Uuid();
+  /// All bits zero, which is never drawn.
+  static constexpr Uuid nil() noexcept { return Uuid(std::array<std::uint64_t, 2>{}); }
 
   /// 36 characters: upper-case hexadecimal in groups of 8, 4, 4, 4 and 12, joined by hyphens.
   String description() const;
   std::size_t hash() const noexcept { return static_cast<std::size_t>(halves_[0]); }
 
-  friend bool operator==(const Uuid&, const Uuid&) noexcept = default;
+  // Written out, since comparing two arrays is a call.
+  friend bool operator==(const Uuid& left, const Uuid& right) noexcept {
+    return left.halves_[0] == right.halves_[0] && left.halves_[1] == right.halves_[1];
+  }
 
  private:
+  constexpr explicit Uuid(std::array<std::uint64_t, 2> halves) noexcept : halves_(halves) {}
+
   std::array<std::uint64_t, 2> halves_;
 };
 

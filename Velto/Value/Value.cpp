@@ -78,14 +78,6 @@ Value Value::dictionaryLiteral(std::initializer_list<std::pair<Value, Value>> pa
   return result;
 }
 
-void Value::letGo() noexcept {
-  if (tag_ == Tag::string) {
-    string_.~String();
-  } else {
-    shared_.~Ref();
-  }
-}
-
 Value::Case Value::kind() const noexcept {
   switch (tag_) {
     case Tag::nil:

@@ -84,9 +84,7 @@ class Value {
   Value(Value&& other) noexcept;
   Value& operator=(const Value& other) noexcept;
   Value& operator=(Value&& other) noexcept;
-  ~Value() {
-    if (tag_ >= Tag::string) letGo();
-  }
+  ~Value();
 
   Case kind() const noexcept;
   bool isNil() const noexcept { return tag_ == Tag::nil; }
@@ -156,7 +154,9 @@ class Value {
   Int ownHash() const;
   template <typename T>
   T* as(Tag tag) const noexcept;
-  void letGo() noexcept;
+  void takeBits(const Value& other) noexcept;
+  /// What this value is one of the holders of, or null.
+  const Counted* held() const noexcept;
 
   Tag tag_;
   union {

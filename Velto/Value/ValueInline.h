@@ -1,7 +1,8 @@
 // The operations of `Value` that every evaluation runs through, kept inline; included by Value.h alone.
 #pragma once
 
-#include <new>
+#include <cstring>
+#include <utility>
 
 #include "Velto/Value/Value.h"
 
@@ -13,45 +14,41 @@ inline Value Value::uninitialized() noexcept {
   return value;
 }
 
-inline Value::Value(const Value& other) noexcept : tag_(other.tag_), number_(0) {
-  if (tag_ == Tag::string) {
-    new (&string_) String(other.string_);
-  } else if (tag_ > Tag::string) {
-    new (&shared_) Ref<const Counted>(other.shared_);
-  } else if (tag_ == Tag::number) {
-    number_ = other.number_;
-  } else {
-    boolean_ = other.boolean_;
-  }
+// All that a value holds is a pointer at most, so that its bits can be taken over as they are.
+
+[[gnu::always_inline]] inline Value::Value(const Value& other) noexcept {
+  takeBits(other);
+  if (const Counted* held = this->held()) held->retain();
 }
 
-inline Value::Value(Value&& other) noexcept : tag_(other.tag_), number_(0) {
-  if (tag_ == Tag::string) {
-    new (&string_) String(std::move(other.string_));
-  } else if (tag_ > Tag::string) {
-    new (&shared_) Ref<const Counted>(std::move(other.shared_));
-  } else if (tag_ == Tag::number) {
-    number_ = other.number_;
-  } else {
-    boolean_ = other.boolean_;
-  }
+[[gnu::always_inline]] inline Value::Value(Value&& other) noexcept {
+  takeBits(other);
+  other.tag_ = Tag::nil;
 }
 
 inline Value& Value::operator=(const Value& other) noexcept {
-  if (this != &other) {
-    Value copy(other);
-    *this = std::move(copy);
-  }
+  return *this = Value(other);
+}
+
+[[gnu::always_inline]] inline Value& Value::operator=(Value&& other) noexcept {
+  Value taken(std::move(other));
+  const Value before(std::move(*this));  // let go of only after the new value stands
+  takeBits(taken);
+  taken.tag_ = Tag::nil;
   return *this;
 }
 
-inline Value& Value::operator=(Value&& other) noexcept {
-  if (this != &other) {
-    Value before(std::move(*this));  // let go of only after the new value stands
-    this->~Value();
-    new (this) Value(std::move(other));
-  }
-  return *this;
+[[gnu::always_inline]] inline Value::~Value() {
+  if (const Counted* held = this->held()) held->release();
+}
+
+inline void Value::takeBits(const Value& other) noexcept {
+  std::memcpy(static_cast<void*>(this), &other, sizeof(Value));
+}
+
+inline const Counted* Value::held() const noexcept {
+  if (tag_ < Tag::string) return nullptr;
+  return tag_ == Tag::string ? string_.storage_.get() : shared_.get();
 }
 
 template <typename T>

@@ -27,6 +27,7 @@ const std::array floors{
     Floor{"Velto/Parser/", 4},
     Floor{"Velto/Interpreter/Bindings.", 5},
     Floor{"Velto/Interpreter/Environment.", 5},
+    Floor{"Velto/Interpreter/Locals.", 5},
     Floor{"Velto/Library/Library.h", 5},
     Floor{"Velto/Processor/Parse", 5},
     Floor{"Velto/Interpreter/", 6},

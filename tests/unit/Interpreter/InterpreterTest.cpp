@@ -58,7 +58,7 @@ TEST_F(InterpreterTest, IsBareAtTheStart) {
   EXPECT_EQ(bare.baseURL(), std::nullopt);
   EXPECT_EQ(bare.stack().size(), 1u);
   EXPECT_FALSE(bare.hadError);
-  EXPECT_TRUE(bare.locals.empty());
+  EXPECT_TRUE(bare.locals.isEmpty());
 }
 
 TEST_F(InterpreterTest, ResolvesPathsAgainstTheBase) {

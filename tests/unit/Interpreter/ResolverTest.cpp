@@ -34,10 +34,10 @@ class EntryCollector final : public StatementVisitor, public ExpressionVisitor {
     visit(branch.statements);
   }
   void note(const Token& name, const Uuid& id) {
-    const auto depth = interpreter_.locals.find(id);
-    if (depth == interpreter_.locals.end()) return;
+    const Local* local = interpreter_.locals.find(id);
+    if (!local) return;
     entries_.push_back(std::string(name.lexeme.view()) + "@" + std::to_string(name.range.startColumn) + "=" +
-                       std::to_string(depth->second));
+                       std::to_string(local->depth));
   }
 
   void visitBreak(const Break&) override {}
@@ -195,7 +195,8 @@ TEST(Resolver, LetsATupleTakeTheLastNameFound) {
   const Statement inner = If(range, Literal{.range = range, .value = true}, {ExpressionStatement{tuple}});
   resolver.resolve({VariableDeclaration{.range = range, .name = name("a")},
                     VariableDeclaration{.range = range, .name = name("b")}, inner});
-  EXPECT_EQ(interpreter.locals.at(tuple.id()), 1);
+  ASSERT_NE(interpreter.locals.find(tuple.id()), nullptr);
+  EXPECT_EQ(interpreter.locals.find(tuple.id())->depth, 1);
 }
 
 }  // namespace

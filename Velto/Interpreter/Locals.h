@@ -1,0 +1,49 @@
+// How far outward the variables of resolved expressions lie.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "Velto/Platform/Uuid.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// What is known of a resolved variable.
+struct Local {
+  Int depth;                        ///< how many links lie between the current scope and that of the variable
+  mutable std::uint32_t place = 0;  ///< where among the names of its scope it was last found, which may have changed
+};
+
+/// A `Local` for each resolved expression, by its `id`. Each variable that is read asks here. Identities are random, so
+/// that they need no hashing, and probing from the place that their bits name finds them, or that they are absent, at
+/// the first or second slot.
+class Locals {
+ public:
+  /// Null if the expression isn't resolved; good until the next `set`.
+  const Local* find(const Uuid& id) const noexcept {
+    for (std::size_t slot = id.hash() & mask_;; slot = (slot + 1) & mask_) {
+      if (slots_[slot].id == id) return &slots_[slot].local;
+      if (slots_[slot].id == Uuid::nil()) return nullptr;
+    }
+  }
+  void set(const Uuid& id, Int depth);
+
+  bool isEmpty() const noexcept { return size_ == 0; }
+  std::size_t size() const noexcept { return size_; }
+
+ private:
+  struct Slot {
+    Uuid id = Uuid::nil();
+    Local local{0};
+  };
+
+  /// Where `id` stands, or would.
+  Slot& slotOf(const Uuid& id) noexcept;
+  void grow();
+
+  std::vector<Slot> slots_{1};  // a power of two of them, at most half of them taken
+  std::size_t mask_ = 0;
+  std::size_t size_ = 0;
+};
+
+}  // namespace velto
