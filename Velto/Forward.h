@@ -16,6 +16,7 @@ class FileHandle;
 class FileSystem;
 class String;
 class StringBuilder;
+class TextPool;
 class Url;
 class Uuid;
 

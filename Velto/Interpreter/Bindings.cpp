@@ -24,10 +24,10 @@ void Bindings::removeAll() noexcept {
   // One by one, and whole in between: what goes with a value may look at this scope, or even add to it.
   while (!bindings_.empty()) {
     table_.clear();
-    filter_ = 0;
     const Binding doomed = std::move(bindings_.back());
     bindings_.pop_back();
   }
+  filter_ = 0;
 }
 
 const Bindings::Binding* Bindings::findByText(const String& name, std::size_t hash) const noexcept {

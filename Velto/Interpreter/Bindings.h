@@ -25,8 +25,11 @@ class Bindings {
   static constexpr std::size_t few = 8;
 
   /// Null if the name isn't there; good until the next `set`.
-  const Value* find(const String& name) const noexcept {
-    const Binding* found = findBinding(name);
+  const Value* find(const String& name) const noexcept { return find(name, name.hash()); }
+  /// The same for a name whose hash is known.
+  const Value* find(const String& name, std::size_t hash) const noexcept {
+    if ((filter_ & filterBit(hash)) == 0) return nullptr;
+    const Binding* found = findBinding(name, hash);
     return found ? &found->value : nullptr;
   }
   /// The value at `place` if this very name stands there. A look, and no search.
@@ -40,7 +43,7 @@ class Bindings {
   }
   /// Where the name stands, which has to be one of those here.
   std::uint32_t placeOf(const String& name) const noexcept {
-    return static_cast<std::uint32_t>(findBinding(name) - bindings_.data());
+    return static_cast<std::uint32_t>(findBinding(name, name.hash()) - bindings_.data());
   }
   Value* find(const String& name) noexcept { return const_cast<Value*>(std::as_const(*this).find(name)); }
   void set(const String& name, Value value);
@@ -68,9 +71,7 @@ class Bindings {
   }
   void removeAll() noexcept;
   static std::uint64_t filterBit(std::size_t hash) noexcept { return std::uint64_t{1} << (hash & 63); }
-  const Binding* findBinding(const String& name) const noexcept {
-    const std::size_t hash = name.hash();
-    if ((filter_ & filterBit(hash)) == 0) return nullptr;
+  const Binding* findBinding(const String& name, std::size_t hash) const noexcept {
     return table_.empty() ? findAmongFew(name, hash) : findInTable(name, hash);
   }
   /// Names of one file share their storage, so the first pass nearly always decides.

@@ -46,8 +46,9 @@ class Environment final : public WeaklyCounted {
 
   /// The variable of the nearest scope that has the name, or null.
   const Value* find(const String& name) const noexcept {
+    const std::size_t hash = name.hash();
     for (const Environment* scope = this; scope; scope = scope->enclosing()) {
-      if (const Value* value = scope->values.find(name)) return value;
+      if (const Value* value = scope->values.find(name, hash)) return value;
     }
     return nullptr;
   }

@@ -12,12 +12,12 @@
 namespace velto {
 
 Interpreter::Interpreter(std::optional<Url> baseURL, std::shared_ptr<Logger> logger,
-                         std::shared_ptr<FileSystem> fileSystem)
+                         std::shared_ptr<FileSystem> fileSystem, std::shared_ptr<TextPool> texts)
     : print([output = fileSystem->standardOutput()](const String& text) { output->write(text); }),
       baseURL_(std::move(baseURL)),
       logger_(std::move(logger)),
       fileSystem_(std::move(fileSystem)),
-      parseCache_(logger_, fileSystem_),
+      parseCache_(logger_, fileSystem_, std::move(texts)),
       scopes_(logger_),
       globals_(makeRef<Environment>(logger_)),
       stack_{globals_} {
@@ -225,7 +225,11 @@ void Interpreter::visitVerbatim(const Verbatim& node) {
 
 void Interpreter::visitExpressionBlock(const ExpressionBlock& node) {
   const Value value = evaluate(node.expression);
-  print(value.description());
+  if (const String* text = value.string()) {
+    print(*text);
+  } else {
+    print(value.description());
+  }
 }
 
 void Interpreter::visitExpressionStatement(const ExpressionStatement& node) {

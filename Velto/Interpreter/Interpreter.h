@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "Velto/Diagnostics/Logger.h"
@@ -30,10 +31,12 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   /// Output of template text and expression blocks.
   using Print = std::function<void(const String&)>;
 
-  /// Loads the built-in libraries. Without a `baseURL`, paths are taken as they stand.
+  /// Loads the built-in libraries. Without a `baseURL`, paths are taken as they stand. `texts` has the names of the
+  /// statements that will run.
   explicit Interpreter(std::optional<Url> baseURL = std::nullopt,
                        std::shared_ptr<Logger> logger = std::make_shared<ArrayLogger>(),
-                       std::shared_ptr<FileSystem> fileSystem = FileSystem::local());
+                       std::shared_ptr<FileSystem> fileSystem = FileSystem::local(),
+                       std::shared_ptr<TextPool> texts = std::make_shared<TextPool>());
   ~Interpreter() override;
   Interpreter(const Interpreter&) = delete;
   Interpreter& operator=(const Interpreter&) = delete;
@@ -146,16 +149,20 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   bool callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range);
   Value calculate(const Token& operator_, double left, double right);
   bool evaluateOperand(const Expression& operand, const Token& operator_);
+  const Value* findVariable(const Token& name, const Uuid& id) noexcept;
   Value readVariable(const Token& name, const Uuid& id);
-  Value lookUpVariable(const Token& name, const Uuid& id);
+  Value lookUpVariable(const Token& name, const Local* local);
   Value evaluateKey(const Expression& key, const Range& range);
 
   // InterpreterMembers.cpp: members and subscripts
+  Value memberOf(const Value& object, const Member& node);
   Value element(const Subscript& node, const Array& array);
   Value element(const Subscript& node, const Dictionary& dictionary);
   Value element(const Subscript& node, const String& string);
 
   // InterpreterCalls.cpp: calls and function declarations
+  Value callMember(const Call& node, const Member& member);
+  Value call(const Call& node, const Value& callee);
   template <typename ArgumentValues>
   void evaluateArguments(const Call& node, const Callable& callable, ArgumentValues& arguments);
   void checkLabel(const Label& expected, const Call::Argument& argument);
@@ -171,12 +178,19 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void iterateDictionary(const For& node, const Dictionary& dictionary);
   const Token& loopVariable(const For& node);
   bool matches(const Value& value, const Pattern& pattern);
+  const Url& resolveInclude(const String& path);
   ParseCache::FileStatements parseIncluded(const Include& node, const String& path);
+
+  /// By bytes, though the hash goes by equivalence, since it is at hand.
+  struct SameBytes {
+    bool operator()(const String& left, const String& right) const noexcept { return left.view() == right.view(); }
+  };
 
   std::optional<Url> baseURL_;
   std::shared_ptr<Logger> logger_;
   std::shared_ptr<FileSystem> fileSystem_;
   ParseCache parseCache_;
+  std::unordered_map<String, Url, std::hash<String>, SameBytes> includes_;  // where each path that was included lies
   ScopePool scopes_;
   Ref<Environment> globals_;
   std::vector<Ref<Environment>> stack_;

@@ -144,10 +144,16 @@ void Interpreter::visitInclude(const Include& node) {
 
 ParseCache::FileStatements Interpreter::parseIncluded(const Include& node, const String& path) {
   try {
-    return parseCache_.getOrParse(resolve(path), Scanner::Mode::template_);
+    return parseCache_.getOrParse(resolveInclude(path), Scanner::Mode::template_);
   } catch (const Error& error) {
     fail(node.range(), String::concatenation({"Cannot include '", path, "': ", error.what(), "."}));
   }
+}
+
+/// A loop includes the same files again and again.
+const Url& Interpreter::resolveInclude(const String& path) {
+  const auto known = includes_.find(path);
+  return known != includes_.end() ? known->second : includes_.emplace(path, resolve(path)).first->second;
 }
 
 void Interpreter::visitReturn(const Return& node) {

@@ -5,11 +5,26 @@
 #include "Velto/Interpreter/Function.h"
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
+#include "Velto/Value/StringMember.h"
 
 namespace velto {
 
 Value Interpreter::valueOf(const Call& node) {
-  const Value callee = evaluate(node.callee);
+  if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
+  return call(node, evaluate(node.callee));
+}
+
+/// A form of a text comes without the function that the member is.
+Value Interpreter::callMember(const Call& node, const Member& member) {
+  Value callee = evaluate(member.object);
+  if (callee.string() && node.arguments.empty()) {
+    if (const StringForm form = stringForm(member.member.lexeme)) return form(*callee.string());
+  }
+  callee = memberOf(callee, member);
+  return call(node, callee);
+}
+
+Value Interpreter::call(const Call& node, const Value& callee) {
   const Callable* callable = callee.callable();
   if (!callable) fail(node.paren.range, "Can only call functions and classes.");
   boost::container::small_vector<Value, 4> arguments;

@@ -21,12 +21,21 @@ inline Value Interpreter::valueOf(const Variable& node) {
   return readVariable(node.name, node.id);
 }
 
+/// Null for a variable that can't be read, or not so quickly.
+inline const Value* Interpreter::findVariable(const Token& name, const Uuid& id) noexcept {
+  const Local* const local = locals.find(id);
+  const Value* const value = local ? current().findInPlace(name.lexeme, *local) : current().find(name.lexeme);
+  return value && !value->isUninitialized() ? value : nullptr;
+}
+
+// All the rest is left to another function, so that this one needs no registers saved.
 inline Value Interpreter::readVariable(const Token& name, const Uuid& id) {
-  if (const Local* local = locals.find(id)) {
-    const Value* value = current().findInPlace(name.lexeme, *local);
+  const Local* const local = locals.find(id);
+  if (local) {
+    const Value* const value = current().findInPlace(name.lexeme, *local);
     if (value && !value->isUninitialized()) return *value;
   }
-  return lookUpVariable(name, id);
+  return lookUpVariable(name, local);
 }
 
 inline void Interpreter::popScope() noexcept {

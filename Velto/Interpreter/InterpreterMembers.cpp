@@ -11,23 +11,51 @@
 
 namespace velto {
 
+namespace {
+
+/// The text of a key that stands there as a plain literal, as nearly all keys do; null for any other.
+const String* literalKey(const Expression& key) {
+  if (key.kind() != ExpressionKinds::of<StringExpression>) return nullptr;
+  const auto& string = key.record<StringExpression>();
+  return string.interpolations.empty() ? &string.literal : nullptr;
+}
+
+Value entry(const Dictionary& dictionary, const String& key) {
+  const Value* value = dictionary.findText(key);
+  return value ? *value : Value::nil();
+}
+
+}  // namespace
+
 Value Interpreter::valueOf(const Member& node) {
-  const Value value = evaluate(node.object);
-  if (!value.isObject()) {
-    fail(node.dot.range, String::concatenation({"Operand must be an object but it is ", value.description(), "."}));
+  return memberOf(evaluate(node.object), node);
+}
+
+Value Interpreter::memberOf(const Value& object, const Member& node) {
+  if (!object.isObject()) {
+    fail(node.dot.range, String::concatenation({"Operand must be an object but it is ", object.description(), "."}));
   }
-  std::optional<Value> result = value.get(node.member.lexeme);
+  std::optional<Value> result = object.get(node.member.lexeme);
   if (!result) {
-    fail(node.dot.range, String::concatenation({"Object '", value.objectDescription(), "' does not have property '",
+    fail(node.dot.range, String::concatenation({"Object '", object.objectDescription(), "' does not have property '",
                                                 node.member.lexeme, "'."}));
   }
   return std::move(*result);
 }
 
 Value Interpreter::valueOf(const Subscript& node) {
+  const String* const key = literalKey(node.index);
+  if (key && node.subscriptee.kind() == ExpressionKinds::of<Variable>) {
+    // Nothing runs before the entry is found, so that the dictionary can stay where it is.
+    const auto& variable = node.subscriptee.record<Variable>();
+    const Value* const container = findVariable(variable.name, variable.id);
+    if (const Dictionary* dictionary = container ? container->dictionary() : nullptr) return entry(*dictionary, *key);
+  }
   const Value value = evaluate(node.subscriptee);
   if (const Array* array = value.array()) return element(node, *array);
-  if (const Dictionary* dictionary = value.dictionary()) return element(node, *dictionary);
+  if (const Dictionary* dictionary = value.dictionary()) {
+    return key ? entry(*dictionary, *key) : element(node, *dictionary);
+  }
   if (const String* string = value.string()) return element(node, *string);
   fail(node.bracket.range, "Can only subscript arrays, dictionaries or strings.");
 }

@@ -121,9 +121,12 @@ Value Interpreter::valueOf(const Tuple& node) {
   return Array(std::move(values));
 }
 
-/// Reads any variable, wherever it stands; `readVariable` knows a shorter way for most.
-Value Interpreter::lookUpVariable(const Token& name, const Uuid& id) {
-  const Local* local = locals.find(id);
+/// Reads any variable, wherever it stands, or fails. Those of included files are all found by the walk.
+Value Interpreter::lookUpVariable(const Token& name, const Local* local) {
+  if (!local) {
+    const Value* const found = current().find(name.lexeme);
+    if (found && !found->isUninitialized()) return *found;
+  }
   Value value = local ? current().get(name, *local) : current().get(name);
   if (value.isUninitialized()) {
     fail(name.range, String::concatenation({"Uninitialized variable '", name.lexeme, "'."}));

@@ -5,6 +5,7 @@
 #include <simdjson.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -24,10 +25,17 @@ namespace ondemand = simdjson::ondemand;
 constexpr std::string_view whitespace = " \t\n\r";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
+std::string_view withoutSpaceAtEnd(std::string_view token) {
+  while (!token.empty() && whitespace.find(token.back()) != whitespace.npos) token.remove_suffix(1);
+  return token;
+}
+
 /// Reads a document whose top level is an array or an object. simdjson tells the tokens, the structure and the texts;
 /// numbers and words are read here, since it is neither exact nor strict in all of them.
 class DocumentReader {
  public:
+  explicit DocumentReader(TextPool& texts) noexcept : texts_(texts) {}
+
   /// `padded` has the padding of simdjson behind its first `size` bytes.
   std::optional<Value> read(const std::string& padded, std::size_t size) {
     ondemand::document document;
@@ -53,35 +61,57 @@ class DocumentReader {
       case '"':
         return readString(source, result);
       default:
-        return readWord(token.substr(0, token.find_last_not_of(whitespace) + 1), result);
+        return readWord(withoutSpaceAtEnd(token), result);
     }
   }
 
   bool readArray(ondemand::value container, Value& result) {
     ondemand::array array;
     if (stack_.isExhausted() || container.get_array().get(array)) return false;
-    std::vector<Value> elements;
+    const std::size_t begin = parts_.size();
     for (auto element : array) {
       ondemand::value source;
-      if (element.get(source) || !read(source, elements.emplace_back())) return false;
+      if (element.get(source) || !readPart(source)) return false;
     }
-    result = Array(std::move(elements));
+    result = Array(std::vector<Value>(partsFrom(begin), std::make_move_iterator(parts_.end())));
+    parts_.resize(begin);
     return true;
   }
 
   bool readObject(ondemand::value container, Value& result) {
     ondemand::object object;
     if (stack_.isExhausted() || container.get_object().get(object)) return false;
-    Dictionary dictionary;
+    const std::size_t begin = parts_.size();
     for (auto field : object) {
       std::string_view key;
       ondemand::value source;
-      Value value;
-      if (field.unescaped_key().get(key) || field.value().get(source) || !read(source, value)) return false;
-      dictionary.set(shared(key), std::move(value));
+      if (field.unescaped_key().get(key) || field.value().get(source)) return false;
+      parts_.emplace_back(shared(key));
+      if (!readPart(source)) return false;
     }
-    result = std::move(dictionary);
+    result = takeDictionary(begin);
     return true;
+  }
+
+  bool readPart(ondemand::value source) {
+    Value part;
+    if (!read(source, part)) return false;
+    parts_.push_back(std::move(part));
+    return true;
+  }
+
+  std::move_iterator<std::vector<Value>::iterator> partsFrom(std::size_t begin) {
+    return std::make_move_iterator(parts_.begin() + static_cast<std::ptrdiff_t>(begin));
+  }
+
+  Dictionary takeDictionary(std::size_t begin) {
+    Dictionary dictionary;
+    dictionary.reserve((parts_.size() - begin) / 2);
+    for (std::size_t index = begin; index < parts_.size(); index += 2) {
+      dictionary.set(std::move(parts_[index]), std::move(parts_[index + 1]));
+    }
+    parts_.resize(begin);
+    return dictionary;
   }
 
   static bool readString(ondemand::value source, Value& result) {
@@ -109,11 +139,26 @@ class DocumentReader {
   /// Most keys of a document come many times.
   const String& shared(std::string_view key) {
     const auto found = keys_.find(key);
-    return found != keys_.end() ? found->second : keys_.emplace(key, String::fromWellFormed(key)).first->second;
+    if (found == keys_.end()) return addKey(key).text;
+    Key& known = found->second;
+    if (!std::exchange(known.isPooled, true)) texts_.add(known.text);
+    return known.text;
   }
 
+  struct Key {
+    String text;
+    bool isPooled;  // from the second time on: what comes once is as likely data as a name
+  };
+
+  Key& addKey(std::string_view key) {
+    const String* const known = texts_.find(key);
+    return keys_.emplace(key, Key{known ? *known : String::fromWellFormed(key), known != nullptr}).first->second;
+  }
+
+  TextPool& texts_;
   ondemand::parser parser_;
-  std::unordered_map<std::string_view, String> keys_;  // by texts that the parser holds
+  std::vector<Value> parts_;  // of the arrays and objects that are being read, so that each is made at its size
+  std::unordered_map<std::string_view, Key> keys_;  // by texts that the parser holds
   StackGuard stack_;
 };
 
@@ -122,20 +167,25 @@ bool isContainer(const std::string& document) {
   return first != document.npos && (document[first] == '[' || document[first] == '{');
 }
 
-std::optional<Value> parseContainer(std::string document) {
+std::optional<Value> parseContainer(std::string document, TextPool& texts) {
   const std::size_t size = document.size();
   document.append(simdjson::SIMDJSON_PADDING, '\0');
-  return DocumentReader().read(document, size);
+  return DocumentReader(texts).read(document, size);
 }
 
 }  // namespace
 
-std::optional<Value> parseJSON(std::string document) {
+std::optional<Value> parseJSON(std::string document, TextPool& texts) {
   if (document.starts_with(byteOrderMark)) document.erase(0, byteOrderMark.size());
-  if (isContainer(document)) return parseContainer(std::move(document));
-  const std::optional<Value> wrapped = parseContainer("[" + document + "]");
+  if (isContainer(document)) return parseContainer(std::move(document), texts);
+  const std::optional<Value> wrapped = parseContainer("[" + document + "]", texts);
   if (!wrapped || wrapped->array()->size() != 1) return std::nullopt;
   return wrapped->array()->elements().front();
+}
+
+std::optional<Value> parseJSON(std::string document) {
+  TextPool texts;
+  return parseJSON(std::move(document), texts);
 }
 
 }  // namespace velto

@@ -18,12 +18,12 @@ Url baseOf(const Interpreter& interpreter) {
 }
 
 /// `nil` whatever goes wrong; the top level must be an array or an object.
-Value loadJSON(const Value& path, const Url& base, FileSystem& fileSystem) try {
+Value loadJSON(const Value& path, const Url& base, FileSystem& fileSystem, TextPool& texts) try {
   const String* const text = path.string();
   if (!text) return nullptr;
   const std::optional<Url> url = Url::resolving(*text, base, fileSystem.currentDirectory());
   if (!url) return nullptr;
-  const std::optional<Value> document = parseJSON(fileSystem.readBytes(*url));
+  const std::optional<Value> document = parseJSON(fileSystem.readBytes(*url), texts);
   return document && (document->array() || document->dictionary()) ? *document : nullptr;
 } catch (const FileError&) {
   return nullptr;
@@ -33,8 +33,9 @@ Value loadJSON(const Value& path, const Url& base, FileSystem& fileSystem) try {
 
 void JSONLibrary::load(Interpreter& interpreter) {
   *baseURL_ = baseOf(interpreter);
-  const auto function = [base = baseURL_, fileSystem = interpreter.fileSystem()](const Value& path) {
-    return loadJSON(path, **base, *fileSystem);
+  const auto function = [base = baseURL_, fileSystem = interpreter.fileSystem(),
+                         texts = interpreter.parseCache().texts()](const Value& path) {
+    return loadJSON(path, **base, *fileSystem, *texts);
   };
   interpreter.globals().define("loadJSON", makeRef<Function1>("loadJSON", function));
 }

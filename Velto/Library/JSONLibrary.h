@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Velto/Library/Library.h"
+#include "Velto/Platform/TextPool.h"
 #include "Velto/Platform/Url.h"
 #include "Velto/Value/Value.h"
 
@@ -23,7 +24,9 @@ class JSONLibrary final : public Library {
 };
 
 /// The value of a JSON document (RFC 8259, UTF-8, one byte order mark is skipped), scalars at the top level included;
-/// nothing if it isn't valid. A repeated key keeps the place of the first and the value of the last.
+/// nothing if it isn't valid. A repeated key keeps the place of the first and the value of the last. Keys are shared
+/// through `texts`, so that a program that names them finds them sooner.
+[[gnu::visibility("default")]] std::optional<Value> parseJSON(std::string document, TextPool& texts);
 [[gnu::visibility("default")]] std::optional<Value> parseJSON(std::string document);
 
 }  // namespace velto

@@ -23,6 +23,11 @@ std::string_view escapedForm(Character character) {
 }  // namespace
 
 String trimmingWhitespace(const String& text) {
+  const std::string_view part = trimmed(text);
+  return text.slice(static_cast<std::size_t>(part.data() - text.view().data()), part.size());
+}
+
+std::string_view trimmed(const String& text) {
   const std::string_view whole = text;
   std::size_t begin = 0;
   for (std::size_t next; begin < whole.size(); begin = next) {
@@ -34,7 +39,7 @@ String trimmingWhitespace(const String& text) {
     previous = previousBoundary(whole, end);
     if (!isWhitespace(whole.substr(previous, end - previous))) break;
   }
-  return text.slice(begin, end - begin);
+  return whole.substr(begin, end - begin);
 }
 
 String escaped(const String& text) {

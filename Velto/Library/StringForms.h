@@ -7,6 +7,8 @@ namespace velto {
 
 /// Without the characters at both ends whose first scalar is white space or a line end.
 String trimmingWhitespace(const String& text);
+/// The same, as a view of `text`.
+std::string_view trimmed(const String& text);
 
 /// Line feeds, tabs, double quotes and backslashes as two characters each. "\r\n" is one character and stays.
 String escaped(const String& text);

@@ -15,12 +15,18 @@ namespace {
 
 struct Member {
   std::string_view name;
+  StringForm form;  // null for a member with parameters
   Value (*make)(const String& name, const String& text);
 };
 
-template <String (*form)(const String& text)>
+template <StringForm form>
 Value makeForm(const String& name, const String& text) {
   return makeRef<Function0>(name, [text] { return Value(form(text)); });
+}
+
+template <StringForm form>
+constexpr Member formMember(std::string_view name) {
+  return {name, form, makeForm<form>};
 }
 
 /// Any value may be looked for: its description is.
@@ -34,26 +40,37 @@ Value makeEquals(const String& name, const String&) {
 }
 
 constexpr Member members[] = {
-    {"contains", makeTest<unicode::contains>},
-    {"equals", makeEquals},
-    {"escaped", makeForm<escaped>},
-    {"hasPrefix", makeTest<unicode::hasPrefix>},
-    {"hasSuffix", makeTest<unicode::hasSuffix>},
-    {"lowerCamelCased", makeForm<lowerCamelCased>},
-    {"lowercased", makeForm<unicode::lowercased>},
-    {"snakeCased", makeForm<snakeCased>},
-    {"trimmingWhitespace", makeForm<trimmingWhitespace>},
-    {"upperCamelCased", makeForm<upperCamelCased>},
-    {"uppercased", makeForm<unicode::uppercased>},
+    {"contains", nullptr, makeTest<unicode::contains>},
+    {"equals", nullptr, makeEquals},
+    formMember<escaped>("escaped"),
+    {"hasPrefix", nullptr, makeTest<unicode::hasPrefix>},
+    {"hasSuffix", nullptr, makeTest<unicode::hasSuffix>},
+    formMember<lowerCamelCased>("lowerCamelCased"),
+    formMember<unicode::lowercased>("lowercased"),
+    formMember<snakeCased>("snakeCased"),
+    formMember<trimmingWhitespace>("trimmingWhitespace"),
+    formMember<upperCamelCased>("upperCamelCased"),
+    formMember<unicode::uppercased>("uppercased"),
 };
-static_assert(std::ranges::is_sorted(members, {}, &Member::name));
+
+/// Null if there is none.
+const Member* findMember(std::string_view name) noexcept {
+  // One after the other: most differ by their length already, and so quicker than a search that has to compare.
+  const Member* member = std::ranges::find(members, name, &Member::name);
+  return member != std::end(members) ? member : nullptr;
+}
 
 }  // namespace
 
 std::optional<Value> stringMember(const String& text, const String& name) {
-  const Member* member = std::ranges::lower_bound(members, name.view(), {}, &Member::name);
-  if (member == std::end(members) || member->name != name.view()) return std::nullopt;
+  const Member* member = findMember(name);
+  if (!member) return std::nullopt;
   return member->make(name, text);
+}
+
+StringForm stringForm(const String& name) noexcept {
+  const Member* member = findMember(name);
+  return member ? member->form : nullptr;
 }
 
 }  // namespace velto

@@ -26,4 +26,8 @@ String upperCamelCased(const String& text);
 /// that isn't a letter is replaced by an underscore.
 String snakeCased(const String& text);
 
+// The same for any text, character by character; the ones above know a shorter way for ASCII.
+String camelCasedByCharacters(const String& text, bool capitalizeFirst);
+String snakeCasedByCharacters(const String& text);
+
 }  // namespace velto

@@ -47,8 +47,15 @@ inline std::size_t nextBoundary(std::string_view text, std::size_t offset) noexc
   return isAlone ? offset + 1 : nextBoundaryByRules(text, offset);
 }
 
+/// `previousBoundary` for any text, by the rules of segmentation alone.
+[[gnu::visibility("default")]] std::size_t previousBoundaryByRules(std::string_view text, std::size_t offset) noexcept;
+
 /// The offset in bytes of the cluster that ends at `offset`, which must be a boundary above 0.
-[[gnu::visibility("default")]] std::size_t previousBoundary(std::string_view text, std::size_t offset) noexcept;
+inline std::size_t previousBoundary(std::string_view text, std::size_t offset) noexcept {
+  const auto isPlain = [&](std::size_t at) { return static_cast<signed char>(text[at]) >= 0; };
+  const bool isAlone = isPlain(offset - 1) && text[offset - 1] != '\n' && (offset == 1 || isPlain(offset - 2));
+  return isAlone ? offset - 1 : previousBoundaryByRules(text, offset);
+}
 
 /// The number of clusters of well-formed UTF-8.
 [[gnu::visibility("default")]] Int characterCount(std::string_view text) noexcept;

@@ -130,7 +130,7 @@ std::size_t nextBoundaryByRules(std::string_view text, std::size_t offset) noexc
   return offset;
 }
 
-std::size_t previousBoundary(std::string_view text, std::size_t offset) noexcept {
+std::size_t previousBoundaryByRules(std::string_view text, std::size_t offset) noexcept {
   std::size_t start = utf8::previousScalar(text, offset);
   BreakClass class_ = breakClassAt(text, start);
   while (start > 0) {

@@ -7,7 +7,8 @@ namespace velto {
 namespace {
 
 // A plain pointer, so that a handle that outlives the end of its thread finds none instead of a dead one.
-thread_local constinit OutputBuffer* buffer = nullptr;
+// Reached through a fixed offset: every piece of text that is printed asks for it.
+[[gnu::tls_model("initial-exec")]] thread_local constinit OutputBuffer* buffer = nullptr;
 
 struct BufferOwner {
   ~BufferOwner() { delete std::exchange(buffer, nullptr); }
@@ -23,16 +24,15 @@ OutputBuffer& OutputBuffer::ofThread() {
   return *buffer;
 }
 
-void OutputBuffer::write(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
-  if (target_ != target || bytes_.size() + bytes.size() > capacity) flushPendingOutput();
+/// Begins to hold bytes for `target`, with all others written before.
+void OutputBuffer::writeElsewhere(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
+  flushPendingOutput();
   if (bytes.size() > capacity) return target->write(bytes);
   if (bytes.empty()) return;
-  if (!target_) {
-    target_ = target;
-    bytes_.reserve(capacity);
-    setPendingOutput(this);
-  }
-  bytes_.append(bytes);
+  if (!bytes_) bytes_ = std::make_unique_for_overwrite<char[]>(capacity);
+  target_ = target;
+  setPendingOutput(this);
+  append(bytes);
 }
 
 void OutputBuffer::flush() noexcept {
@@ -43,12 +43,11 @@ void OutputBuffer::flush() noexcept {
 /// and so into this very buffer.
 void OutputBuffer::writeOut() {
   const std::shared_ptr<FileHandle> target = std::exchange(target_, nullptr);
-  std::string bytes = std::exchange(bytes_, std::string());
+  std::unique_ptr<char[]> bytes = std::move(bytes_);
+  const std::size_t size = std::exchange(size_, 0);
   setPendingOutput(nullptr);
-  target->write(bytes);
-  if (target_) return;
-  bytes.clear();
-  bytes_ = std::move(bytes);
+  target->write({bytes.get(), size});
+  if (!target_) bytes_ = std::move(bytes);
 }
 
 }  // namespace velto

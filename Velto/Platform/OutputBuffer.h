@@ -1,8 +1,8 @@
 // The buffer through which a thread writes to all its handles.
 #pragma once
 
+#include <cstring>
 #include <memory>
-#include <string>
 #include <string_view>
 
 #include "Velto/Platform/FileSystem.h"
@@ -21,15 +21,27 @@ class OutputBuffer final : public PendingOutput {
 
   ~OutputBuffer() override { flush(); }
 
-  void write(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
+  void write(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
+    if (target_ == target && bytes.size() <= capacity - size_) {
+      append(bytes);
+    } else {
+      writeElsewhere(target, bytes);
+    }
+  }
   bool holdsBytesFor(const FileHandle& target) const noexcept { return target_.get() == &target; }
   void flush() noexcept override;
 
  private:
+  void append(std::string_view bytes) noexcept {
+    std::memcpy(bytes_.get() + size_, bytes.data(), bytes.size());
+    size_ += bytes.size();
+  }
+  void writeElsewhere(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
   void writeOut();
 
   std::shared_ptr<FileHandle> target_;  // null while nothing waits
-  std::string bytes_;
+  std::unique_ptr<char[]> bytes_;       // null until it is needed, and while it is being written
+  std::size_t size_ = 0;
 };
 
 }  // namespace velto

@@ -89,8 +89,18 @@ std::strong_ordering operator<=>(const String& left, const String& right) noexce
 }
 
 StringBuilder& StringBuilder::appendScalar(char32_t scalar) {
-  utf8::append(scalar, text_);
-  return *this;
+  std::string bytes;
+  utf8::append(scalar, bytes);
+  return append(bytes);
+}
+
+void StringBuilder::grow(std::size_t bytes) {
+  const std::size_t capacity = std::max(size_ + bytes, 2 * capacity_);
+  auto larger = std::make_unique_for_overwrite<char[]>(capacity);
+  std::copy_n(text_, size_, larger.get());
+  long_ = std::move(larger);
+  text_ = long_.get();
+  capacity_ = capacity;
 }
 
 String decimal(Int number) {

@@ -1,12 +1,15 @@
 // The one text type of the library.
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <compare>
 #include <cstddef>
+#include <cstring>
 #include <functional>
 #include <initializer_list>
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -68,6 +71,8 @@ class String {
     return known != 0 ? known : findHash();
   }
 
+  /// Whether no other text shares the memory of this one.
+  bool isAlone() const noexcept { return !storage_ || storage_->holderCount() == 1; }
   /// True when both are the same bytes in memory, so that a comparison of the texts isn't needed.
   bool isSameAs(const String& other) const noexcept { return storage_ == other.storage_; }
 
@@ -89,24 +94,41 @@ std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& s
   return stream << text.view();
 }
 
-/// Collects pieces of well-formed text.
+/// Collects pieces of well-formed text. Most texts are short, and take no memory but their own.
 class StringBuilder {
  public:
+  StringBuilder() noexcept {}
+  StringBuilder(const StringBuilder&) = delete;
+  StringBuilder& operator=(const StringBuilder&) = delete;
+
   StringBuilder& append(std::string_view piece) {
-    text_.append(piece);
+    reserve(piece.size());
+    if (!piece.empty()) std::memcpy(text_ + size_, piece.data(), piece.size());
+    size_ += piece.size();
     return *this;
   }
   StringBuilder& append(char ascii) {
-    text_.push_back(ascii);
+    reserve(1);
+    text_[size_++] = ascii;
     return *this;
   }
   StringBuilder& appendScalar(char32_t scalar);
-  void reserve(std::size_t bytes) { text_.reserve(bytes); }
-  std::string_view view() const noexcept { return text_; }
-  String build() const { return String::fromWellFormed(text_); }
+  /// Makes room for `bytes` more.
+  void reserve(std::size_t bytes) {
+    if (bytes > capacity_ - size_) grow(bytes);
+  }
+  void clear() noexcept { size_ = 0; }
+  std::string_view view() const noexcept { return {text_, size_}; }
+  String build() const { return String::fromWellFormed(view()); }
 
  private:
-  std::string text_;
+  void grow(std::size_t bytes);
+
+  std::array<char, 200> short_;  // its bytes are set as they are needed
+  std::unique_ptr<char[]> long_;
+  char* text_ = short_.data();
+  std::size_t size_ = 0;
+  std::size_t capacity_ = short_.size();
 };
 
 /// "12", "-3": decimal, without grouping.

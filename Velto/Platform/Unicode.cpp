@@ -35,14 +35,6 @@ void appendMapped(std::string_view text, MapCase mapCase, StringBuilder& result)
   mapCase(withoutLocale, 0, text, sink, nullptr, status);
 }
 
-constexpr char lowercasedASCII(char character) noexcept {
-  return 'A' <= character && character <= 'Z' ? static_cast<char>(character + ('a' - 'A')) : character;
-}
-
-constexpr char uppercasedASCII(char character) noexcept {
-  return 'a' <= character && character <= 'z' ? static_cast<char>(character - ('a' - 'A')) : character;
-}
-
 constexpr bool isBetween(char32_t low, char32_t scalar, char32_t high) noexcept {
   return low <= scalar && scalar <= high;
 }

@@ -23,6 +23,14 @@ bool hasPrefix(const String& text, const String& prefix);
 bool hasSuffix(const String& text, const String& suffix);
 bool contains(const String& text, const String& part);
 
+constexpr char lowercasedASCII(char character) noexcept {
+  return 'A' <= character && character <= 'Z' ? static_cast<char>(character + ('a' - 'A')) : character;
+}
+
+constexpr char uppercasedASCII(char character) noexcept {
+  return 'a' <= character && character <= 'z' ? static_cast<char>(character - ('a' - 'A')) : character;
+}
+
 bool isLetter(char32_t scalar) noexcept;               ///< general categories L and M
 bool isAlphanumeric(char32_t scalar) noexcept;         ///< general categories L, M and N
 bool isWhitespaceOrNewline(char32_t scalar) noexcept;  ///< general category Z, U+000A to U+000D, U+0085; no tab

@@ -30,7 +30,21 @@ inline std::size_t asciiPrefixLength(std::string_view text) noexcept {
 }
 
 inline bool isASCII(std::string_view text) noexcept {
-  return asciiPrefixLength(text) == text.size();
+  constexpr std::uint64_t highBits = 0x8080'8080'8080'8080;
+  std::uint64_t word = 0;
+  if (text.size() < sizeof word) {
+    std::uint64_t bits = 0;
+    for (const char byte : text) bits |= static_cast<unsigned char>(byte);
+    return bits < 0x80;
+  }
+  // The last word overlaps the one before it, so that no bytes are left over.
+  std::uint64_t bits = 0;
+  for (std::size_t offset = 0; offset + sizeof word <= text.size(); offset += sizeof word) {
+    std::memcpy(&word, text.data() + offset, sizeof word);
+    bits |= word;
+  }
+  std::memcpy(&word, text.data() + text.size() - sizeof word, sizeof word);
+  return ((bits | word) & highBits) == 0;
 }
 
 /// The scalar that begins at `offset` of well-formed text; `offset` moves behind it.

@@ -22,9 +22,12 @@ class ParseCache {
 
   using FileStatements = std::shared_ptr<const Statements>;
 
-  explicit ParseCache(std::shared_ptr<Logger> logger, std::shared_ptr<FileSystem> fileSystem = FileSystem::local());
+  explicit ParseCache(std::shared_ptr<Logger> logger, std::shared_ptr<FileSystem> fileSystem = FileSystem::local(),
+                      std::shared_ptr<TextPool> texts = std::make_shared<TextPool>());
 
   const std::shared_ptr<Logger>& logger() const noexcept { return logger_; }
+  /// The names of all files.
+  const std::shared_ptr<TextPool>& texts() const noexcept { return texts_; }
   /// By standardized address.
   const std::unordered_map<Url, FileStatements>& cache() const noexcept { return cache_; }
 
@@ -35,9 +38,13 @@ class ParseCache {
   void clear() noexcept;
 
  private:
+  const Url& standardized(const Url& url);
+
   std::shared_ptr<Logger> logger_;
   std::shared_ptr<FileSystem> fileSystem_;
+  std::shared_ptr<TextPool> texts_;
   std::unordered_map<Url, FileStatements> cache_;
+  std::unordered_map<Url, Url> standardized_;  // what each address that was asked for comes to
 };
 
 }  // namespace velto

@@ -6,8 +6,8 @@
 namespace velto {
 
 std::optional<Statements> parseFile(FileSystem& fileSystem, const Url& url, Scanner::Mode mode,
-                                    const std::shared_ptr<Logger>& logger) {
-  Scanner scanner(fileSystem.readText(url), mode, logger, url.path());
+                                    const std::shared_ptr<Logger>& logger, const std::shared_ptr<TextPool>& texts) {
+  Scanner scanner(fileSystem.readText(url), mode, logger, url.path(), texts);
   Unpacker unpacker(scanner.scanTokens(), logger);
   Parser parser(unpacker.unpack(), logger);
   Statements statements = parser.parse();

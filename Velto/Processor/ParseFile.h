@@ -14,6 +14,6 @@ namespace velto {
 /// Reads, scans, unpacks and parses; nothing if there were syntax errors. Throws `FileError`, and `VeltoError` with
 /// step `scan`.
 std::optional<Statements> parseFile(FileSystem& fileSystem, const Url& url, Scanner::Mode mode,
-                                    const std::shared_ptr<Logger>& logger);
+                                    const std::shared_ptr<Logger>& logger, const std::shared_ptr<TextPool>& texts);
 
 }  // namespace velto

@@ -12,8 +12,9 @@ Processor::Processor(const Url& baseURL, std::shared_ptr<Logger> logger, std::sh
 }
 
 void Processor::process(const String& file) {
-  const Statements statements = parse(file);
-  Interpreter interpreter(baseURL_, logger, fileSystem_);
+  const auto texts = std::make_shared<TextPool>();
+  const Statements statements = parse(file, texts);
+  Interpreter interpreter(baseURL_, logger, fileSystem_, texts);
   Resolver(interpreter).resolve(statements);
   installGlobals(interpreter);
   for (const std::shared_ptr<Library>& library : libraries) interpreter.load(library);
@@ -21,9 +22,9 @@ void Processor::process(const String& file) {
   if (interpreter.hadError) throw VeltoError(VeltoError::Step::interpret);
 }
 
-Statements Processor::parse(const String& file) {
+Statements Processor::parse(const String& file, const std::shared_ptr<TextPool>& texts) {
   const Url url = baseURL_.appendingPathComponent(file);
-  std::optional<Statements> statements = parseFile(*fileSystem_, url, Scanner::Mode::program, logger);
+  std::optional<Statements> statements = parseFile(*fileSystem_, url, Scanner::Mode::program, logger, texts);
   if (!statements) throw VeltoError(VeltoError::Step::parse);
   return *std::move(statements);
 }

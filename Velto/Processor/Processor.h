@@ -33,7 +33,7 @@ class Processor {
   void process(const String& file);
 
  private:
-  Statements parse(const String& file);
+  Statements parse(const String& file, const std::shared_ptr<TextPool>& texts);
   void installGlobals(Interpreter& interpreter) const;
 
   Url baseURL_;

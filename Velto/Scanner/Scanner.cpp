@@ -6,11 +6,12 @@
 
 namespace velto {
 
-Scanner::Scanner(String source, Mode mode, std::shared_ptr<Logger> logger, String file)
+Scanner::Scanner(String source, Mode mode, std::shared_ptr<Logger> logger, String file, std::shared_ptr<TextPool> texts)
     : source_(std::move(source)),
       mode_(mode),
       logger_(std::move(logger)),
       file_(std::move(file)),
+      texts_(std::move(texts)),
       isScanningCode_(mode == Mode::program) {
 }
 

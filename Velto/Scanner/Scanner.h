@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Velto/Diagnostics/Logger.h"
+#include "Velto/Platform/TextPool.h"
 #include "Velto/Scanner/ScannableString.h"
 #include "Velto/Scanner/Token.h"
 
@@ -22,7 +23,9 @@ class Scanner {
   using TokenType = velto::TokenType;
   enum class Mode { template_, program };
 
-  Scanner(String source, Mode mode, std::shared_ptr<Logger> logger, String file = "<>");
+  /// Names come out of `texts`, or of a pool of the scanner's own.
+  Scanner(String source, Mode mode, std::shared_ptr<Logger> logger, String file = "<>",
+          std::shared_ptr<TextPool> texts = std::make_shared<TextPool>());
   Scanner(String source, std::shared_ptr<Logger> logger, String file = "<>")
       : Scanner(std::move(source), Mode::template_, std::move(logger), std::move(file)) {}
 
@@ -54,6 +57,7 @@ class Scanner {
   void closeTag();
   void addToken(TokenType type);
   void addToken(TokenType type, Value literal);
+  void addPiece(StringBuilder& piece);
   std::string_view stepText() const noexcept;
   String stepLexeme(TokenType type) const;
   [[noreturn]] void fail(const Range& range, String message);
@@ -77,16 +81,17 @@ class Scanner {
 
   // ScannerStrings.cpp: string literals and interpolation
   void scanString();
-  void openInterpolation(String piece);
-  void closeString(String piece);
+  void openInterpolation();
+  void closeString();
   std::string_view escape();
 
   ScannableString source_;
   Mode mode_;
   std::shared_ptr<Logger> logger_;
   String file_;
+  std::shared_ptr<TextPool> texts_;
   std::vector<Token> tokens_;
-  std::unordered_map<std::string_view, Word> words_;  // seen so far, so that equal words share their text
+  std::unordered_map<std::string_view, Word> words_;  // seen so far, so that each is looked up once
   std::size_t start_ = 0;                             // the current step began here
   Int startLine_ = 1;
   Int startColumn_ = 1;

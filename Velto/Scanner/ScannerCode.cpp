@@ -179,7 +179,7 @@ void Scanner::scanWord() {
   const auto [entry, isNew] = words_.try_emplace(stepText(), Word{TokenType::identifier, String()});
   Word& word = entry->second;
   if (isNew) {
-    word.lexeme = source_.string.slice(start_, source_.index - start_);
+    word.lexeme = texts_->shared(stepText());
     const auto keyword = keywords().find(word.lexeme);
     if (keyword != keywords().end()) word = {keyword->second, keyword->first};
   }

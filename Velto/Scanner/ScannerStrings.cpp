@@ -10,25 +10,36 @@ void Scanner::scanString() {
   StringBuilder piece;
   while (const std::optional<Character> character = source_.current()) {
     const std::string_view text = character->text();
-    if (text == "\"") return closeString(piece.build());
-    if (text == "\\" && source_.matchString("\\(")) return openInterpolation(piece.build());
+    if (text == "\"") {
+      source_.advance();
+      addPiece(piece);
+      return closeString();
+    }
+    if (text == "\\" && source_.matchString("\\(")) {
+      addPiece(piece);
+      return openInterpolation();
+    }
     piece.append(text == "\\" ? escape() : text);
     source_.advance();
   }
   fail(Range(*stringStart_, cursor()), "Unterminated string.");
 }
 
+/// A short literal is a key more often than not.
+void Scanner::addPiece(StringBuilder& piece) {
+  constexpr std::size_t longestKey = 32;
+  const bool canBeKey = piece.view().size() <= longestKey;
+  addToken(TokenType::string, canBeKey ? texts_->shared(piece.view()) : piece.build());
+}
+
 /// The expression is scanned as any code; the ")" that brings the level back continues the literal.
-void Scanner::openInterpolation(String piece) {
-  addToken(TokenType::string, Value(std::move(piece)));
+void Scanner::openInterpolation() {
   addToken(TokenType::stringInterpolation);
   stringInterpolationParenLevel_ = parenLevel_;
   ++parenLevel_;
 }
 
-void Scanner::closeString(String piece) {
-  source_.advance();
-  addToken(TokenType::string, Value(std::move(piece)));
+void Scanner::closeString() {
   stringStart_.reset();
   stringInterpolationParenLevel_.reset();
 }

@@ -47,6 +47,16 @@ const Value* Dictionary::find(const Value& key) const {
   return index < entries_.size() ? &entries_[index].value : nullptr;
 }
 
+const Value* Dictionary::findText(const String& key) const {
+  constexpr std::size_t worthALook = 2 * fewEntries;
+  if (entries_.size() <= worthALook) {
+    for (const Entry& entry : entries_) {
+      if (const String* text = entry.key.string(); text && text->isSameAs(key)) return &entry.value;
+    }
+  }
+  return find(Value(key));
+}
+
 /// Where one key alone has the hash, the keys aren't compared here: they may be deep, and the caller has its own way to
 /// compare them.
 const Dictionary::Entry* Dictionary::counterpart(const Dictionary& other, std::size_t index) const {

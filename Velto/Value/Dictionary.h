@@ -34,6 +34,9 @@ class Dictionary final : public Mapping {
   void reserve(std::size_t count);
   /// Null if there is no such key.
   const Value* find(const Value& key) const;
+  /// The same for a text, with a look at first for this very one: most texts are written in the program, and texts of
+  /// one pool are the same in memory.
+  const Value* findText(const String& key) const;
 
   /// The entry whose key alone can equal that of an entry of `other`; null if there is none.
   const Entry* counterpart(const Dictionary& other, std::size_t index) const;

@@ -53,6 +53,98 @@ TEST_F(InterpreterTest, GivesTheLabelsOfTheBuiltInFunctions) {
   EXPECT_EQ(describe("loadJSON"), "loadJSON(x)");
 }
 
+/// Records of a host that stand for others, which are visited then.
+struct VisitedExpression {
+  Uuid id{};
+  Range range;
+  Expression original;
+  void accept(ExpressionVisitor& visitor) const { original.accept(visitor); }
+};
+
+struct VisitedStatement {
+  Range range;
+  Statement original;
+  void accept(StatementVisitor& visitor) const { original.accept(visitor); }
+};
+
+TEST_F(InterpreterTest, VisitsGiveTheSameAsTheWayWithoutThem) {
+  interpret("var a = 5 var list = [1, 2] var words = [\"k\": \"hello you\"] func twice(_ x) return x * 2 end");
+  for (const char* source : {"[a, a]",
+                             "a = 6",
+                             "a + 1",
+                             "twice(a)",
+                             "[a: 1, \"b\": 2]",
+                             "(a)",
+                             "12.5",
+                             "true && false",
+                             "list.count",
+                             "a is X",
+                             "\"text\"",
+                             "\"\\(a) and \\(list)\"",
+                             "list[1]",
+                             "words[\"k\"]",
+                             "words[\"k\"][0]",
+                             "words[\"k\"].snakeCased()",
+                             "-a",
+                             "!true",
+                             "a",
+                             "missing",
+                             "list[7]",
+                             "a.b",
+                             "a()"}) {
+    Scanner scanner(source, Scanner::Mode::program, host.logger, "main");
+    Parser parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger);
+    const Expression expression = parser.parse().at(0).as<ExpressionStatement>()->expression;
+    const auto outcome = [&](const Statement& statement) {
+      host.files->files.clear();
+      host.logger->messages.clear();
+      interpreter.interpret({statement});
+      FileSystem::flush();
+      return std::pair(host.output(), host.messages());
+    };
+    const Statement plain = ExpressionBlock{expression.range(), expression};
+    const auto expected = outcome(plain);
+    EXPECT_FALSE(expected.first.empty() && expected.second.empty()) << source;
+    const Expression visited = VisitedExpression{.range = expression.range(), .original = expression};
+    EXPECT_EQ(outcome(ExpressionBlock{expression.range(), visited}), expected) << source;
+    EXPECT_EQ(outcome(VisitedStatement{expression.range(), plain}), expected) << source;
+  }
+}
+
+TEST_F(InterpreterTest, VisitsRunEveryKindOfStatement) {
+  const std::string program =
+      "var a = 0 while a < 9 a = a + 1 if a == 2 continue end if a == 4 break end print(a) end "
+      "for x in [1, 2] switch x case 1: print(\"one\") default: print(\"more\") end end "
+      "func f() return 7 end print(f()) for (k, v) in [\"k\": 1] print(k) end";
+  interpret(program);
+  FileSystem::flush();
+  const std::string expected = host.output();
+  EXPECT_EQ(expected, "13onemore7k");
+  Statements visited;
+  for (const Statement& statement : lists.back()) {
+    visited.push_back(VisitedStatement{statement.range(), statement});
+  }
+  Interpreter other(Url("base"), host.logger, host.files);
+  other.interpret(visited);
+  EXPECT_EQ(host.output(), expected + expected);
+}
+
+TEST_F(InterpreterTest, FindsAVariableThatAHostHasMoved) {
+  // In the third turn `b` stands at another place among the names of its scope.
+  interpreter.globals().define("move", makeRef<Function1>("move", [&](const Value& turn) -> Value {
+                                 if (turn == Value(2)) {
+                                   Bindings& names = interpreter.stack()[1]->values;
+                                   names.clear();
+                                   names.set("c", 1);
+                                   names.set("b", "moved");
+                                 }
+                                 return nullptr;
+                               }));
+  interpret("if true var b = \"first\" for turn in 0..<4 move(turn) print(b) b = \"\\(b)+\" end end");
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "firstfirst+movedmoved+");
+}
+
 TEST_F(InterpreterTest, IsBareAtTheStart) {
   const Interpreter bare;
   EXPECT_EQ(bare.baseURL(), std::nullopt);

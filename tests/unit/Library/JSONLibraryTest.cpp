@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -174,6 +175,30 @@ TEST(JSONDocumentTest, RoundsNumbersToTheNearestFloat) {
     EXPECT_EQ(*alone->number(), number) << text;
     EXPECT_EQ(*inside->array()->elements()[0].number(), number) << text;
   }
+}
+
+TEST(JSONDocumentTest, TheShortWayForNumbersGivesTheSame) {
+  std::mt19937 generator(20261121);
+  constexpr std::string_view characters = "0123456789012345678901234567890123456789-.e+";
+  for (int round = 0; round < 200'000; ++round) {
+    std::string text(1 + generator() % 18, ' ');
+    for (char& character : text) character = characters[generator() % characters.size()];
+    const std::optional<double> number = parseJSONNumber(text);
+    EXPECT_EQ(number, parseAnyJSONNumber(text)) << text;
+    if (!number) continue;
+    EXPECT_EQ(std::signbit(*number), std::signbit(*parseAnyJSONNumber(text))) << text;
+  }
+}
+
+TEST(JSONDocumentTest, SharesKeysWithThePrograms) {
+  TextPool texts;
+  const String known = texts.shared("known");
+  const std::optional<Value> value = parseJSON(R"([{"known":1,"twice":2,"once":3},{"twice":4}])", texts);
+  const auto entries = value->array()->elements()[0].dictionary()->entries();
+  EXPECT_TRUE(entries[0].key.string()->isSameAs(known));
+  ASSERT_NE(texts.find("twice"), nullptr);
+  EXPECT_TRUE(entries[1].key.string()->isSameAs(*texts.find("twice")));
+  EXPECT_EQ(texts.find("once"), nullptr);
 }
 
 TEST(JSONDocumentTest, RoundsLongNumbers) {

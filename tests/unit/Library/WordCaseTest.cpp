@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "tests/unit/Value/Calls.h"
 
 namespace velto {
@@ -90,6 +94,24 @@ TEST(WordCase, AllSpellings) {
     EXPECT_EQ(lowerCamelCased(row.text).view(), row.lowerCamel) << row.text;
     EXPECT_EQ(upperCamelCased(row.text).view(), row.upperCamel) << row.text;
     EXPECT_EQ(snakeCased(row.text).view(), row.snake) << row.text;
+  }
+}
+
+/// All texts of up to `length` characters that matter to a spelling.
+std::vector<std::string> textsOfUpTo(std::size_t length) {
+  const std::string_view characters = "aB1 _-\t\r\n";
+  std::vector<std::string> texts{""};
+  for (std::size_t first = 0; texts[first].size() < length; ++first) {
+    for (const char character : characters) texts.push_back(texts[first] + character);
+  }
+  return texts;
+}
+
+TEST(WordCase, TheShortWayForASCIIGivesTheSame) {
+  for (const std::string& text : textsOfUpTo(4)) {
+    EXPECT_EQ(lowerCamelCased(text), camelCasedByCharacters(text, false)) << text;
+    EXPECT_EQ(upperCamelCased(text), camelCasedByCharacters(text, true)) << text;
+    EXPECT_EQ(snakeCased(text), snakeCasedByCharacters(text)) << text;
   }
 }
 

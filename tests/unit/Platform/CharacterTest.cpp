@@ -117,7 +117,25 @@ TEST(Boundaries, AgreeWithTheReferenceOnEveryScalarInEveryCompany) {
     text.append("\n").appendScalar(scalar).append("a").appendScalar(scalar).appendScalar(0x301).append("\n");
     if (text.view().size() < 20'000) continue;
     ASSERT_EQ(boundariesForward(text.view()), reference.boundaries(text.view())) << "up to " << std::uint32_t{scalar};
-    text = StringBuilder();
+    text.clear();
+  }
+}
+
+TEST(Boundaries, TheShortWaysForASCIIGiveTheSame) {
+  constexpr std::string_view bytes = "a\r\n \x7F";
+  std::vector<std::string> texts{""};
+  for (std::size_t first = 0; texts[first].size() < 4; ++first) {
+    for (const char byte : bytes) texts.push_back(texts[first] + byte);
+    texts.push_back(texts[first] + "\u0301");
+    texts.push_back(texts[first] + "\u00E9");
+  }
+  for (const std::string& text : texts) {
+    for (std::size_t offset = 0; offset < text.size(); offset = nextBoundary(text, offset)) {
+      EXPECT_EQ(nextBoundary(text, offset), nextBoundaryByRules(text, offset)) << text;
+    }
+    for (std::size_t offset = text.size(); offset > 0; offset = previousBoundary(text, offset)) {
+      EXPECT_EQ(previousBoundary(text, offset), previousBoundaryByRules(text, offset)) << text;
+    }
   }
 }
 

@@ -290,6 +290,20 @@ TEST(StringHash, OfASliceIsThatOfTheSameText) {
   EXPECT_EQ(String("\u00E9 K").slice(3, 1).hash(), String("\u212A").hash());
 }
 
+TEST(StringBuilder, GrowsAndBeginsAnew) {
+  StringBuilder builder;
+  std::string expected;
+  for (int number = 0; number < 1'000; ++number) {
+    builder.append(std::to_string(number)).append(',');
+    expected += std::to_string(number) + ',';
+    ASSERT_EQ(builder.view(), expected);
+  }
+  EXPECT_EQ(builder.build().view(), expected);
+  builder.clear();
+  EXPECT_TRUE(builder.build().isEmpty());
+  EXPECT_EQ(builder.append("again").build().view(), "again");
+}
+
 TEST(StringBuilder, CollectsPiecesCharactersAndScalars) {
   StringBuilder builder;
   builder.reserve(20);

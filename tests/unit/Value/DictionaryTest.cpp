@@ -24,6 +24,23 @@ TEST(Dictionary, AReplacedValueKeepsTheFirstKeyAndItsPlace) {
   EXPECT_EQ(dictionary.objectDescription(), String("[e\u0301: 3, b: 2]"));
 }
 
+TEST(Dictionary, TextsAreFoundWhereverTheyStandInMemory) {
+  for (const int size : {1, 8, 9, 16, 17, 100}) {
+    Dictionary dictionary;
+    std::vector<String> keys;
+    for (int number = 0; number < size; ++number) keys.emplace_back("key" + std::to_string(number));
+    for (int number = 0; number < size; ++number) dictionary.set(keys[static_cast<std::size_t>(number)], number);
+    dictionary.set("e\u0301", -1);
+    for (const String& key : keys) {
+      EXPECT_EQ(dictionary.findText(key), dictionary.find(Value(key)));
+      EXPECT_EQ(dictionary.findText(String(key.view())), dictionary.find(Value(key)));
+      EXPECT_NE(dictionary.findText(key), nullptr);
+    }
+    EXPECT_EQ(*dictionary.findText("\u00E9"), Value(-1));
+    EXPECT_EQ(dictionary.findText("key"), nullptr);
+  }
+}
+
 TEST(Dictionary, KeysAreFoundByEquality) {
   Dictionary dictionary;
   dictionary.set(1, "one");

@@ -42,6 +42,16 @@ TEST(NumberDescription, IsThatOfCForFractionsAndPowersOfTen) {
   for (int eighth = -8000; eighth <= 8000; ++eighth) expectLikeC(eighth / 8.0);
 }
 
+TEST(NumberDescription, IsThatOfCForDecimalFractionsAndTheirNeighbours) {
+  for (int digits = -20'000; digits <= 20'000; ++digits) {
+    for (const double scale : {10.0, 100.0, 1000.0, 1e4, 1e5}) {
+      expectLikeC(digits / scale);
+      expectLikeC(std::nextafter(digits / scale, 1e9));
+    }
+  }
+  for (int digits = 990'000; digits <= 1'010'000; ++digits) expectLikeC(digits / 100.0);
+}
+
 TEST(NumberDescription, IsThatOfCForRandomBits) {
   std::mt19937_64 generator(20240229);
   for (int count = 0; count < 200000; ++count) {

@@ -1,0 +1,71 @@
+// The names of a scope, few and many.
+#include "Velto/Interpreter/Bindings.h"
+
+#include <gtest/gtest.h>
+
+#include "Velto/Value/Object.h"
+
+namespace velto {
+namespace {
+
+TEST(Bindings, FindsEachNameWhereverItsTextStands) {
+  Bindings names;
+  for (int number = 0; number < 100; ++number) {
+    const String name = decimal(number);
+    EXPECT_EQ(names.find(name), nullptr);
+    EXPECT_TRUE(names.add(name, number));
+    EXPECT_FALSE(names.add(decimal(number), -1));
+    for (int earlier = 0; earlier <= number; ++earlier) EXPECT_EQ(*names.find(decimal(earlier)), Value(earlier));
+    EXPECT_EQ(names.placeOf(name), static_cast<std::uint32_t>(number));
+    EXPECT_EQ(names.findAt(names.placeOf(name), name), names.find(name));
+    EXPECT_EQ(names.findAt(names.placeOf(name) + 1, name), nullptr);
+  }
+}
+
+TEST(Bindings, EquivalentNamesAreOne) {
+  Bindings names;
+  names.set("\u00E9", 1);
+  names.set("e\u0301", 2);
+  EXPECT_EQ(names.size(), 1u);
+  EXPECT_EQ(*names.find("\u00E9"), Value(2));
+}
+
+TEST(Bindings, AreAsNewOnceTheyAreCleared) {
+  Bindings names;
+  for (int round = 0; round < 3; ++round) {
+    for (int number = 0; number < 20; ++number) names.set(decimal(number), round);
+    EXPECT_EQ(*names.find("7"), Value(round));
+    names.clear();
+    EXPECT_EQ(names.size(), 0u);
+    EXPECT_EQ(names.find("7"), nullptr);
+  }
+}
+
+/// An object that adds a name to a scope when it goes.
+class Latecomer final : public Object {
+ public:
+  explicit Latecomer(Bindings& names) : names_(names) {}
+  Latecomer(const Latecomer&) = delete;
+  Latecomer& operator=(const Latecomer&) = delete;
+  ~Latecomer() override {
+    EXPECT_EQ(names_.find("object"), nullptr);
+    EXPECT_NE(names_.find("first"), nullptr);
+    names_.set("late", 1);
+  }
+  String objectDescription() const override { return "late"; }
+
+ private:
+  Bindings& names_;
+};
+
+TEST(Bindings, AreWholeWhileTheyAreCleared) {
+  Bindings names;
+  names.set("first", 1);
+  names.set("object", Value(Ref<const Object>(makeRef<Latecomer>(names))));
+  names.clear();
+  EXPECT_EQ(names.size(), 0u);
+  EXPECT_EQ(names.find("late"), nullptr);
+}
+
+}  // namespace
+}  // namespace velto
