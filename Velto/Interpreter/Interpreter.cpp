@@ -58,13 +58,19 @@ class Interpreter::RunningList {
 
 void Interpreter::interpret(const Statements& statements) {
   const RunningList list(depth_);
+  if (depth_ == 1) {
+    guard_ = StackGuard();  // for the thread that runs, whichever made the interpreter
+    exhaustedAt_ = 0;
+  }
   try {
     for (const Statement& statement : statements) {
       interpretStatement(statement);
       reportStrayTokens();
     }
   } catch (const VeltoError&) {
+    constexpr Int manyLists = 16;
     hadError = true;
+    if (depth_ > 1 && exhaustedAt_ > manyLists) throw;
   }
 }
 
@@ -74,6 +80,7 @@ void Interpreter::interpretStatement(const Statement& statement) {
   } catch (const VeltoError&) {
     throw;
   } catch (const std::bad_alloc&) {
+    hadError = true;
     throw;  // the host's to deal with
   } catch (const std::exception& error) {
     fatalError(String::concatenation({"Unknown exception ", error.what()}));
@@ -138,7 +145,7 @@ void Interpreter::execute(const Statement& statement) {
 
 /// What a visit would leave in `lastResult_`, without the visit where the kind is one of the language's.
 Value Interpreter::evaluateNode(const Expression& expression) {
-  if (guard_.isExhausted()) fail(expression.range(), "Stack exhausted.");
+  if (guard_.isExhausted()) failExhausted(expression.range());
   switch (expression.kind()) {
     case ExpressionKinds::of<ArrayLiteral>:
       return valueOf(expression.record<ArrayLiteral>());
@@ -175,6 +182,11 @@ Value Interpreter::evaluateNode(const Expression& expression) {
   }
 }
 
+void Interpreter::failExhausted(const Range& range) {
+  exhaustedAt_ = depth_;
+  fail(range, "Stack exhausted.");
+}
+
 Value Interpreter::visited(const Expression& expression) {
   expression.accept(*this);
   if (!lastResult_) fatalError("Evaluation did not produce a value.");
@@ -193,6 +205,7 @@ void Interpreter::executeBlock(const Statements& statements, Ref<Environment> en
 }
 
 void Interpreter::executeList(const Statements& statements) {
+  if (guard_.isExhausted() && !statements.empty()) failExhausted(statements.front().range());
   for (const Statement& statement : statements) {
     execute(statement);
     if (jumps_.areAny()) return;
@@ -202,7 +215,7 @@ void Interpreter::executeList(const Statements& statements) {
 /// Makes the current scope as good as new. Where somebody else holds it, there has to be another one.
 void Interpreter::renewScope() {
   Environment& scope = current();
-  if (scope.holderCount() == 1 && scope.observerCount() == 0) {
+  if (scope.holderCount() == 1 && !scope.isObserved()) {
     scope.values.clear();
   } else {
     popEnvironment();

@@ -64,7 +64,9 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Environment& pushEnvironment(Ref<Environment> environment = nullptr);
   /// Popping `globals` is a fatal stop.
   void popEnvironment();
-  /// Runs a top-level list; throws nothing but what isn't the language's, such as `std::bad_alloc`.
+  /// Runs a top-level list; throws nothing but what isn't the language's, such as `std::bad_alloc`. A list that runs
+  /// inside many others lets a failure pass to them where the stack was exhausted: otherwise a file that includes
+  /// itself twice would go on for ever, in each of them.
   void interpret(const Statements& statements);
 
   /// Where a path of the language lies: under `baseURL` if there is one.
@@ -110,7 +112,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void execute(const Statement& statement);
   Value evaluate(const Expression& expression);
   Value evaluateNode(const Expression& expression);
-  Value visited(const Expression& expression);
+  [[gnu::noinline]] Value visited(const Expression& expression);
   void finish(Value result) { lastResult_ = std::move(result); }
   void executeBlock(const Statements& statements);
   void executeBlock(const Statements& statements, Ref<Environment> environment);
@@ -125,6 +127,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void renewScope();
   Ref<Environment> makeScope(Environment* enclosing) { return scopes_.make(enclosing); }
   [[noreturn]] void fail(const Range& range, String message);
+  [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const Range& range);
 
   // What each kind of expression evaluates to
   Value valueOf(const ArrayLiteral& node);
@@ -148,6 +151,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   bool areEqual(const Value& left, const Value& right, const Range& range);
   bool callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range);
   Value calculate(const Token& operator_, double left, double right);
+  Value makeIntegerRange(const Token& operator_, double lower, double upper);
   bool evaluateOperand(const Expression& operand, const Token& operator_);
   const Value* findVariable(const Token& name, const Uuid& id) noexcept;
   Value readVariable(const Token& name, const Uuid& id);
@@ -199,7 +203,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value returnValue_;  // of the `return` that is travelling, `nil` at all other times
   std::vector<std::shared_ptr<Library>> libraries_;
   SurvivingScopes survivors_;
-  Int depth_ = 0;  // of nested `interpret`
+  Int depth_ = 0;        // of nested `interpret`
+  Int exhaustedAt_ = 0;  // the depth at which the stack was exhausted last in this run; 0 if it never was
   StackGuard guard_;
 };
 

@@ -1,5 +1,6 @@
 // The statements that steer the run: branches, loops, includes and the tokens that leave them.
 #include <limits>
+#include <new>
 
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
@@ -145,7 +146,9 @@ void Interpreter::visitInclude(const Include& node) {
 ParseCache::FileStatements Interpreter::parseIncluded(const Include& node, const String& path) {
   try {
     return parseCache_.getOrParse(resolveInclude(path), Scanner::Mode::template_);
-  } catch (const Error& error) {
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (const std::exception& error) {
     fail(node.range(), String::concatenation({"Cannot include '", path, "': ", error.what(), "."}));
   }
 }

@@ -29,6 +29,39 @@ Value Interpreter::valueOf(const Binary& node) {
   fail(operator_.range, "Operands must be numbers.");
 }
 
+[[gnu::always_inline]] inline Value Interpreter::calculate(const Token& operator_, double left, double right) {
+  switch (operator_.type) {
+    case TokenType::equal:
+      return left == right;
+    case TokenType::notEqual:
+      return left != right;
+    case TokenType::minus:
+      return left - right;
+    case TokenType::plus:
+      return left + right;
+    case TokenType::slash:
+      return left / right;
+    case TokenType::star:
+      return left * right;
+    case TokenType::greater:
+      return left > right;
+    case TokenType::greaterEqual:
+      return left >= right;
+    case TokenType::less:
+      return left < right;
+    case TokenType::lessEqual:
+      return left <= right;
+    default:
+      return makeIntegerRange(operator_, left, right);
+  }
+}
+
+Value Interpreter::makeIntegerRange(const Token& operator_, double lower, double upper) {
+  if (operator_.type == TokenType::openRange) return makeRef<CountableRange>(integer(lower), integer(upper));
+  if (operator_.type == TokenType::closedRange) return makeRef<CountableClosedRange>(integer(lower), integer(upper));
+  fail(operator_.range, "Invalid binary operator.");
+}
+
 bool Interpreter::areSame(const Value& left, const Value& right, const Range& range) {
   return left.isObject() || right.isObject() ? areEqual(left, right, range) : left == right;
 }
@@ -51,37 +84,6 @@ bool Interpreter::callEquals(const Callable& equals, const Value& left, const Va
   const Value result = equals.call(*this, {left, right}, reportError);
   if (!result.boolean()) fail(range, "Objects must implement 'equals' function.");
   return *result.boolean();
-}
-
-Value Interpreter::calculate(const Token& operator_, double left, double right) {
-  switch (operator_.type) {
-    case TokenType::equal:
-      return left == right;
-    case TokenType::notEqual:
-      return left != right;
-    case TokenType::minus:
-      return left - right;
-    case TokenType::plus:
-      return left + right;
-    case TokenType::slash:
-      return left / right;
-    case TokenType::star:
-      return left * right;
-    case TokenType::greater:
-      return left > right;
-    case TokenType::greaterEqual:
-      return left >= right;
-    case TokenType::less:
-      return left < right;
-    case TokenType::lessEqual:
-      return left <= right;
-    case TokenType::openRange:
-      return makeRef<CountableRange>(integer(left), integer(right));
-    case TokenType::closedRange:
-      return makeRef<CountableClosedRange>(integer(left), integer(right));
-    default:
-      fail(operator_.range, "Invalid binary operator.");
-  }
 }
 
 Value Interpreter::valueOf(const Logical& node) {

@@ -11,8 +11,9 @@ Resolver::Resolver(Interpreter& interpreter) : logger_(interpreter.logger()), in
 }
 
 void Resolver::resolve(const Statements& statements) {
+  stack_ = StackGuard();  // for the thread that resolves, whichever made the resolver
   try {
-    for (const Statement& statement : statements) statement.accept(*this);
+    resolveList(statements);
   } catch (const VeltoError&) {
     hadError_ = true;
   } catch (const std::bad_alloc&) {
@@ -24,14 +25,15 @@ void Resolver::resolve(const Statements& statements) {
   }
 }
 
+/// An error costs the scope, which only a resolver that is used again can tell.
 void Resolver::declare(const Token& name) {
-  if (!scopes_.back().try_emplace(name.lexeme, false).second) {
-    fail(*logger_, VeltoError::Step::interpret, name.range, "Variable with this name already declared in this scope.");
-  }
+  if (scopes_.empty() || scopes_.back().try_emplace(name.lexeme, false).second) return;
+  scopes_.pop_back();
+  fail(*logger_, VeltoError::Step::interpret, name.range, "Variable with this name already declared in this scope.");
 }
 
 void Resolver::define(const Token& name) {
-  scopes_.back()[name.lexeme] = true;
+  if (!scopes_.empty()) scopes_.back()[name.lexeme] = true;
 }
 
 void Resolver::resolve(const Expression& expression) {
@@ -39,9 +41,16 @@ void Resolver::resolve(const Expression& expression) {
   expression.accept(*this);
 }
 
+void Resolver::resolveList(const Statements& statements) {
+  if (stack_.isExhausted() && !statements.empty()) {
+    fail(*logger_, VeltoError::Step::interpret, statements.front().range(), "Stack exhausted.");
+  }
+  for (const Statement& statement : statements) statement.accept(*this);
+}
+
 void Resolver::resolveBlock(const Statements& statements) {
   scopes_.emplace_back();
-  for (const Statement& statement : statements) statement.accept(*this);
+  resolveList(statements);
   scopes_.pop_back();
 }
 
@@ -55,6 +64,7 @@ std::optional<Int> Resolver::depth(const Token& name, std::size_t skipped) const
 
 /// A name that is just being declared, as in `var a = a`, is looked for outside its own scope alone.
 void Resolver::resolveLocal(const Token& name, const Uuid& id) {
+  if (scopes_.empty()) return;
   const auto innermost = scopes_.back().find(name.lexeme);
   const bool isBeingDeclared = innermost != scopes_.back().end() && !innermost->second;
   if (const std::optional<Int> found = depth(name, isBeingDeclared ? 1 : 0)) interpreter_.locals.set(id, *found);
@@ -95,7 +105,7 @@ void Resolver::visitFunctionDeclaration(const FunctionDeclaration& node) {
     declare(parameter.name);
     define(parameter.name);
   }
-  for (const Statement& statement : node.body) statement.accept(*this);
+  resolveList(node.body);
   scopes_.pop_back();
 }
 

@@ -61,6 +61,7 @@ class Resolver final : public StatementVisitor, public ExpressionVisitor {
   void declare(const Token& name);
   void define(const Token& name);
   void resolve(const Expression& expression);
+  void resolveList(const Statements& statements);
   void resolveBlock(const Statements& statements);
   void resolveBranch(const IfBranch& branch);
   void resolveLocal(const Token& name, const Uuid& id);

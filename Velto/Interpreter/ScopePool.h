@@ -17,18 +17,18 @@ class ScopePool {
     if (!spares_) return makeRef<Environment>(enclosing, logger_);
     --spareCount_;
     Ref<Environment> scope = std::move(spares_);
-    spares_ = std::move(scope->nextSpare_);
+    spares_.swap(scope->nextSpare_);
     scope->enclosing_.observeInstead(enclosing);
     return scope;
   }
 
   /// Takes a scope that the caller alone holds.
   void takeBack(Ref<Environment> scope) noexcept {
-    if (scope->observerCount() != 0 || scope->values.size() > Bindings::few || spareCount_ == mostSpares) return;
+    if (scope->isObserved() || scope->values.size() > Bindings::few || spareCount_ == mostSpares) return;
     scope->values.clear();
     scope->enclosing_.observeInstead(nullptr);
-    scope->nextSpare_ = std::move(spares_);
-    spares_ = std::move(scope);
+    scope->nextSpare_.swap(spares_);
+    spares_.swap(scope);
     ++spareCount_;
   }
 

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <optional>
 
+#include <new>
+
 #include "Velto/Interpreter/IntegerConversion.h"
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/ScopeGuard.h"
@@ -73,7 +75,9 @@ Output openOutput(Interpreter& interpreter, Arguments arguments, const ReportErr
 ParseCache::FileStatements parseInput(Interpreter& interpreter, const String& input, const ReportError& reportError) {
   try {
     return interpreter.parseCache().getOrParse(interpreter.resolve(input), Scanner::Mode::template_);
-  } catch (const Error& error) {
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (const std::exception& error) {
     reportError(String::concatenation({"Cannot process '", input, "': ", error.what()}));
   }
 }

@@ -1,5 +1,7 @@
 #include "Velto/Library/VeltoLibrary.h"
 
+#include <new>
+
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Library/Process.h"
 #include "Velto/Platform/Uuid.h"
@@ -44,7 +46,9 @@ class Execute final : public Callable {
                                           const ReportError& reportError) {
     try {
       return interpreter.parseCache().getOrParse(interpreter.resolve(path), Scanner::Mode::program);
-    } catch (const Error& error) {
+    } catch (const std::bad_alloc&) {
+      throw;
+    } catch (const std::exception& error) {
       reportError(String::concatenation({"Cannot execute '", path, "': ", error.what()}));
     }
   }

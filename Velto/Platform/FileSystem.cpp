@@ -37,6 +37,12 @@ class UnbufferedHandle final : public FileHandle {
   std::shared_ptr<FileHandle> target_;
 };
 
+/// Where a file system has no descriptors, writing to one is an error like any other, and ignored.
+class NoHandle final : public FileHandle {
+ public:
+  void write(std::string_view) override {}
+};
+
 /// A path with a NUL would reach the system cut short.
 bool canExist(const Url& url) {
   return url.path().view().find('\0') == std::string_view::npos;
@@ -65,6 +71,7 @@ std::shared_ptr<FileHandle> FileSystem::create(const Url& url) {
 std::shared_ptr<FileHandle> FileSystem::descriptor(int number) {
   flush();
   std::shared_ptr<FileHandle> target = doDescriptor(number);
+  if (!target) target = std::make_shared<NoHandle>();
   if (number == standardErrorNumber) return std::make_shared<UnbufferedHandle>(std::move(target));
   return std::make_shared<BufferedHandle>(std::move(target));
 }

@@ -59,7 +59,7 @@ class FileSystem {
   // handles that they give need no buffer.
   virtual std::string doRead(const Url& url) = 0;  ///< throws `FileError`
   virtual std::shared_ptr<FileHandle> doCreate(const Url& url) = 0;
-  virtual std::shared_ptr<FileHandle> doDescriptor(int number) = 0;
+  virtual std::shared_ptr<FileHandle> doDescriptor(int number) = 0;  ///< null where nothing can be written to it
   virtual bool doCreateDirectory(const Url& url) = 0;
   virtual bool doCopy(const Url& source, const Url& destination) = 0;
   virtual bool doIsDirectory(const Url& url) = 0;

@@ -40,7 +40,17 @@ class OpenFile {
     int number;
     do number = ::open(path, flags, readableAndWritable);
     while (number < 0 && errno == EINTR);
-    return number;
+    return number < 0 || number > STDERR_FILENO ? number : moved(number);
+  }
+
+  /// Where a process has closed a standard stream, its number is the next one to be given out; whoever writes to the
+  /// stream must not write into the file.
+  static int moved(int number) noexcept {
+    const int free = ::fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int error = errno;
+    ::close(number);
+    errno = error;
+    return free;
   }
 
   int number_;

@@ -98,6 +98,7 @@ class Ref {
     std::swap(pointer_, other.pointer_);
     return *this;
   }
+  void swap(Ref& other) noexcept { std::swap(pointer_, other.pointer_); }
   [[gnu::always_inline]] ~Ref() {
     if (pointer_) pointer_->release();
   }
@@ -129,6 +130,7 @@ class WeaklyCounted : public Counted {
   bool isAlive() const noexcept { return holderCount() > 0; }
   /// How many `WeakRef`s look at it.
   std::uint32_t observerCount() const noexcept { return observers_.get() - (isAlive() ? 1 : 0); }
+  bool isObserved() const noexcept { return observerCount() != 0; }
 
   [[gnu::always_inline]] void observe() const noexcept { observers_.increment(); }
   [[gnu::always_inline]] void unobserve() const noexcept {

@@ -10,7 +10,7 @@ ParseCache::ParseCache(std::shared_ptr<Logger> logger, std::shared_ptr<FileSyste
 }
 
 ParseCache::FileStatements ParseCache::getOrParse(const Url& url, Scanner::Mode mode) {
-  const Url& key = standardized(url);
+  const Url key = standardized(url);  // a copy: the logger may clear the cache while the file is parsed
   if (const auto present = cache_.find(key); present != cache_.end()) return present->second;
   std::optional<Statements> statements = parseFile(*fileSystem_, url, mode, logger_, texts_);
   if (!statements) throw Error();

@@ -12,17 +12,22 @@ Processor::Processor(const Url& baseURL, std::shared_ptr<Logger> logger, std::sh
 }
 
 void Processor::process(const String& file) {
+  if (!logger) logger = std::make_shared<ArrayLogger>();
+  // Loggers and libraries are the host's, and may change the fields while the call goes on with what it found.
+  const Processor found = *this;
   const auto texts = std::make_shared<TextPool>();
-  const Statements statements = parse(file, texts);
-  Interpreter interpreter(baseURL_, logger, fileSystem_, texts);
+  const Statements statements = found.parse(file, texts);
+  Interpreter interpreter(baseURL_, found.logger, fileSystem_, texts);
   Resolver(interpreter).resolve(statements);
-  installGlobals(interpreter);
-  for (const std::shared_ptr<Library>& library : libraries) interpreter.load(library);
+  found.installGlobals(interpreter);
+  for (const std::shared_ptr<Library>& library : found.libraries) {
+    if (library) interpreter.load(library);
+  }
   interpreter.interpret(statements);
   if (interpreter.hadError) throw VeltoError(VeltoError::Step::interpret);
 }
 
-Statements Processor::parse(const String& file, const std::shared_ptr<TextPool>& texts) {
+Statements Processor::parse(const String& file, const std::shared_ptr<TextPool>& texts) const {
   const Url url = baseURL_.appendingPathComponent(file);
   std::optional<Statements> statements = parseFile(*fileSystem_, url, Scanner::Mode::program, logger, texts);
   if (!statements) throw VeltoError(VeltoError::Step::parse);

@@ -36,8 +36,7 @@ class Scannable {
 
   /// Advances over the current element if it equals one of `tokens`.
   template <typename... Tokens>
-  bool match(const Tokens&... tokens) requires(sizeof...(Tokens) > 0 &&
-                                               (std::equality_comparable_with<Tokens, T> && ...)) {
+  bool match(const Tokens&... tokens) requires(std::equality_comparable_with<Tokens, T>&&...) {
     if (!peekMatch(tokens...)) return false;
     self().advance();
     return true;
@@ -45,9 +44,8 @@ class Scannable {
 
   /// The same without moving.
   template <typename... Tokens>
-  bool peekMatch(const Tokens&... tokens) const
-      requires(sizeof...(Tokens) > 0 && (std::equality_comparable_with<Tokens, T> && ...)) {
-    const auto current = self().current();
+  bool peekMatch(const Tokens&... tokens) const requires(std::equality_comparable_with<Tokens, T>&&...) {
+    [[maybe_unused]] const auto current = self().current();
     return current && ((*current == tokens) || ...);
   }
 

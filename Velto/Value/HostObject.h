@@ -91,7 +91,11 @@ class HostObject : public Object {
     }
   }
 
-  String typeName() const override { return unqualifiedTypeName(typeid(T)); }
+  /// Of the record itself, which may be of a type derived from `T`.
+  String typeName() const override {
+    const T& record = *record_;
+    return unqualifiedTypeName(typeid(record));
+  }
 
  protected:
   std::optional<HostValue> child(const String& name) const override {

@@ -22,9 +22,9 @@ template <typename T>
 concept Numeric = std::floating_point<T> ||
     (std::integral<T> && !OneOf<T, bool, char, wchar_t, char8_t, char16_t, char32_t>);
 
-/// An object or a callable outside a `Ref`.
+/// An object or a callable outside a `Ref`. Nothing is asked of its constructors, one of which may take a value.
 template <typename T>
-concept HeldByValue = (std::derived_from<T, Object> || std::derived_from<T, Callable>)&&std::move_constructible<T>;
+concept HeldByValue = std::derived_from<T, Object> || std::derived_from<T, Callable>;
 
 /// A boolean, a number (a 64-bit float), an object, a callable, `nil`, or the state of a variable that was declared
 /// without a value. Copies share what they hold; nothing in the language changes an object in place.

@@ -47,6 +47,9 @@ int main(const int count, const char* const* const arguments) {
     processor.process("board.velto");
   } catch (const velto::VeltoError&) {
     std::cout << "The board has errors:\n";
+  } catch (const velto::Error& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
   }
   for (const velto::Message& message : logger->messages) std::cout << message.description().view() << '\n';
 }

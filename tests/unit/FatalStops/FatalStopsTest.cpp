@@ -10,6 +10,8 @@
 namespace velto {
 namespace {
 
+using Lines = std::vector<std::string>;
+
 const auto isAbort = testing::KilledBySignal(SIGABRT);
 
 std::string fatal(const std::string& what) {
@@ -33,6 +35,7 @@ class Comparing final : public Object {
     return name == "equals" ? std::optional(equals_) : std::nullopt;
   }
   String objectDescription() const override { return "comparing"; }
+  bool operator==(const Comparing& other) const { return this == &other; }
 
  private:
   Value equals_;
@@ -94,8 +97,7 @@ TEST(ObjectsInComparisons, NeedAnEqualsFunction) {
   test::TestHost host;
   host.processor.globals["none"] = makeRef<Comparing>(number(1))->asValue();
   host.run("none == 1");
-  ASSERT_EQ(host.logger->messages.size(), 1u);
-  EXPECT_EQ(host.logger->messages[0].message, "Objects must implement 'equals' function.");
+  EXPECT_EQ(host.messages(), (Lines{"main.velto:1:6...1:8: error: Objects must implement 'equals' function."}));
 }
 
 TEST(ObjectsInComparisons, NeedABooleanFromIt) {
@@ -103,8 +105,7 @@ TEST(ObjectsInComparisons, NeedABooleanFromIt) {
   const auto equals = makeRef<Function2>("equals", [](auto, auto) { return number(1); });
   host.processor.globals["vague"] = makeRef<Comparing>(equals->asValue())->asValue();
   host.run("1 == vague");
-  ASSERT_EQ(host.logger->messages.size(), 1u);
-  EXPECT_EQ(host.logger->messages[0].message, "Objects must implement 'equals' function.");
+  EXPECT_EQ(host.messages(), (Lines{"main.velto:1:3...1:5: error: Objects must implement 'equals' function."}));
 }
 
 TEST(ObjectsInComparisons, NeedItToTakeTwoArguments) {
@@ -112,8 +113,34 @@ TEST(ObjectsInComparisons, NeedItToTakeTwoArguments) {
   const auto equals = makeRef<Function1>("equals", [](auto) { return Value(true); });
   host.processor.globals["lonely"] = makeRef<Comparing>(equals->asValue())->asValue();
   host.run("lonely != 1");
-  ASSERT_EQ(host.logger->messages.size(), 1u);
-  EXPECT_EQ(host.logger->messages[0].message, "Object's 'equals' function must take two arguments.");
+  EXPECT_EQ(host.messages(),
+            (Lines{"main.velto:1:8...1:10: error: Object's 'equals' function must take two arguments."}));
+}
+
+TEST(ObjectsInComparisons, FailAtThePatternOfASwitch) {
+  test::TestHost host;
+  host.processor.globals["none"] = makeRef<Comparing>(number(1))->asValue();
+  host.run("switch none case 1 + 2: print(1) default: print(2) end");
+  EXPECT_EQ(host.messages(), (Lines{"main.velto:1:18...1:23: error: Objects must implement 'equals' function."}));
+}
+
+TEST(ObjectsInComparisons, AskTheOtherSideWhereTheFirstHasNoFunction) {
+  test::TestHost host;
+  const auto equals = makeRef<Function2>("equals", [](auto, auto) { return Value(true); });
+  host.processor.globals["none"] = makeRef<Comparing>(number(1))->asValue();
+  host.processor.globals["easy"] = makeRef<Comparing>(equals->asValue())->asValue();
+  host.run("print(none == easy)");
+  EXPECT_EQ(host.output(), "true");
+}
+
+TEST(ObjectsInComparisons, TellAtTheOperatorWhichSideIsOfAnotherType) {
+  test::TestHost host;
+  const auto equals = makeRef<Equals<Comparing>>();
+  host.processor.globals["one"] = makeRef<Comparing>(equals->asValue())->asValue();
+  host.run("one == 1");
+  host.run("1 == one");
+  EXPECT_EQ(host.messages(), (Lines{"main.velto:1:5...1:7: error: Right-hand side is not 'Comparing'.",
+                                    "main.velto:1:3...1:5: error: Left-hand side is not 'Comparing'."}));
 }
 
 }  // namespace

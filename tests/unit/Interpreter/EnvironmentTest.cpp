@@ -77,6 +77,18 @@ TEST_F(EnvironmentTest, ReportsToTheScopeThatEndsTheChain) {
   EXPECT_TRUE(other->messages.empty());
 }
 
+TEST_F(EnvironmentTest, ReportsToTheInnermostScopeThatLostItsLink) {
+  const auto other = std::make_shared<ArrayLogger>();
+  auto lost = makeRef<Environment>(outer.get(), logger);
+  const auto orphan = makeRef<Environment>(lost.get(), other);
+  const auto innermost = makeRef<Environment>(orphan.get(), logger);
+  lost = nullptr;
+  outer->define("a", 1);
+  EXPECT_THROW(innermost->get(token("a")), VeltoError);
+  EXPECT_EQ(other->messages.size(), 1u);
+  EXPECT_TRUE(logger->messages.empty());
+}
+
 TEST_F(EnvironmentTest, ReadsAndWritesAtADepth) {
   outer->define("a", 1);
   inner->define("a", 2);

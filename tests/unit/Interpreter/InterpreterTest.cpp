@@ -3,8 +3,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <functional>
+#include <new>
 
 #include "Velto/Interpreter/IntegerConversion.h"
+#include "tests/support/BareFileSystem.h"
 #include "tests/support/TestHost.h"
 
 namespace velto {
@@ -273,6 +278,106 @@ TEST_F(InterpreterTest, ReportsExhaustionOnEveryRoadBackToItself) {
     EXPECT_TRUE(another.hadError);
     EXPECT_EQ(another.stack().size(), 1u);
   }
+}
+
+TEST_F(InterpreterTest, EndsAFileThatIncludesItselfTwice) {
+  host.files->files["/base/twice"] = "(<% include \"twice\" %><% include \"twice\" %>)";
+  host.files->files["/base/execute"] = "for i in 0..<2 execute(\"execute\") end";
+  for (const char* program : {"include \"twice\"", "execute(\"execute\")"}) {
+    host.logger->messages.clear();
+    interpret(program);
+    EXPECT_EQ(host.logger->messages.at(0).message, "Stack exhausted.");
+    EXPECT_EQ(interpreter.stack().size(), 1u);
+  }
+  host.logger->messages.clear();
+  interpret("print(1)");
+  EXPECT_TRUE(host.logger->messages.empty());
+}
+
+TEST_F(InterpreterTest, GoesOnBehindAFileInWhichAFunctionCallsItself) {
+  host.files->files["/base/deep"] = "<% func f() f() end f() %>";
+  interpret("include \"deep\" print(1)");
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "1");
+  EXPECT_EQ(host.logger->messages.at(0).message, "Stack exhausted.");
+}
+
+/// Runs `work` on a thread whose stack is `size` bytes.
+void onStack(std::size_t size, const std::function<void()>& work) {
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  pthread_attr_setstacksize(&attributes, size);
+  pthread_t thread;
+  const auto run = [](void* argument) -> void* {
+    (*static_cast<const std::function<void()>*>(argument))();
+    return nullptr;
+  };
+  ASSERT_EQ(pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&work)), 0);
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+}
+
+TEST_F(InterpreterTest, IsGoodForTheThreadThatRuns) {
+  onStack(512 * 1024, [&] { interpret("func f(_ n) if n > 0 f(n - 1) end end f(20) print(1 + 1)"); });
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "2");
+  onStack(512 * 1024, [&] { interpret("func g() g() end g()"); });
+  EXPECT_EQ(host.logger->messages.at(0).message, "Stack exhausted.");
+}
+
+TEST_F(InterpreterTest, ReportsNestedStatementsThatWereParsedWithMoreStack) {
+  const std::vector<std::pair<std::string, std::string>> blocks = {
+      {"if true ", "end "}, {"for i in 0...0 ", "end "}, {"while true ", "end "}, {"switch 1 default: ", "end "}};
+  for (const auto& [open, close] : blocks) {
+    std::string program;
+    for (int count = 0; count < 1'000; ++count) program += open;
+    program += "1 ";
+    for (int count = 0; count < 1'000; ++count) program += close;
+    Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
+    Statements statements;
+    onStack(64 << 20,
+            [&] { statements = Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse(); });
+    ASSERT_TRUE(host.logger->messages.empty()) << open;
+    onStack(160 * 1024, [&] {
+      Resolver(interpreter).resolve(statements);
+      interpreter.interpret(statements);
+    });
+    ASSERT_EQ(host.logger->messages.size(), 2u) << open;
+    EXPECT_EQ(host.logger->messages[0].message, "Stack exhausted.");
+    EXPECT_EQ(host.logger->messages[1].message, "Stack exhausted.");
+    EXPECT_EQ(interpreter.stack().size(), 1u);
+    host.logger->messages.clear();
+  }
+}
+
+TEST_F(InterpreterTest, LetsAHostDealWithALackOfMemory) {
+  interpreter.globals().define("f", makeRef<Function0>("f", []() -> Value { throw std::bad_alloc(); }));
+  EXPECT_THROW(interpret("if true f() end"), std::bad_alloc);
+  EXPECT_TRUE(interpreter.hadError);
+  EXPECT_EQ(interpreter.stack().size(), 1u);
+  interpret("print(1)");
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "1");
+}
+
+/// Fails as no file system should.
+class BrokenFileSystem final : public test::BareFileSystem {
+ protected:
+  std::string doRead(const Url&) override { throw std::runtime_error("the disk is gone"); }
+  std::shared_ptr<FileHandle> doCreate(const Url&) override { return FileSystem::local()->standardOutput(); }
+};
+
+TEST_F(InterpreterTest, ReportsWhateverAFileSystemThrows) {
+  Interpreter broken(std::nullopt, host.logger, std::make_shared<BrokenFileSystem>());
+  for (const char* program : {"include \"a\"", "execute(\"a\")", "process(\"a\", into: \"b\")"}) {
+    Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
+    broken.interpret(Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse());
+  }
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:1...1:12: error: Cannot include 'a': the disk is gone.",
+                                           "main:1:8...1:9: error: Cannot execute 'a': the disk is gone",
+                                           "main:1:1...1:13: info: execute(a) called here",
+                                           "main:1:8...1:9: error: Cannot process 'a': the disk is gone",
+                                           "main:1:1...1:24: info: process(a, into: b) called here"));
 }
 
 TEST_F(InterpreterTest, ChecksTheNumberOfLoopVariablesFirst) {

@@ -199,5 +199,20 @@ TEST(Resolver, LetsATupleTakeTheLastNameFound) {
   EXPECT_EQ(interpreter.locals.find(tuple.id())->depth, 1);
 }
 
+TEST(Resolver, LosesTheScopeOfAnError) {
+  test::TestHost host;
+  Interpreter interpreter(std::nullopt, host.logger, host.files);
+  Resolver resolver(interpreter);
+  const auto parsed = [&](const char* program) {
+    Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
+    return Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse();
+  };
+  resolver.resolve(parsed("var a var a"));
+  EXPECT_TRUE(resolver.hadError());
+  resolver.resolve(parsed("var b var b b"));
+  EXPECT_TRUE(interpreter.locals.isEmpty());
+  EXPECT_EQ(host.logger->messages.size(), 1u);
+}
+
 }  // namespace
 }  // namespace velto

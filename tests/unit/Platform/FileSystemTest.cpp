@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "Velto/Platform/Fatal.h"
+#include "tests/support/BareFileSystem.h"
 
 namespace velto {
 namespace {
@@ -576,6 +577,29 @@ TEST_F(LocalFilesTest, AFatalStopFindsAllWritten) {
   };
   EXPECT_DEATH(print(), "fatal: stop");
   EXPECT_EQ(contentOf("a"), "before");
+}
+
+TEST(FileSystem, WritingIsIgnoredWhereThereAreNoDescriptors) {
+  test::BareFileSystem files;
+  testing::internal::CaptureStdout();
+  for (const int number : {1, 2, 7}) files.descriptor(number)->write("text");
+  FileSystem::flush();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST(LocalFileSystem, AFileNeverTakesTheNumberOfAStandardStream) {
+  const std::string path = testing::TempDir() + "velto-standard-streams";
+  EXPECT_EXIT(
+      {
+        close(STDIN_FILENO);
+        close(STDOUT_FILENO);
+        const auto file = FileSystem::local()->create(Url(path));
+        FileSystem::local()->standardOutput()->write("lost");
+        file->write("kept");
+        FileSystem::flush();
+        std::exit(FileSystem::local()->readBytes(Url(path)) == "kept" ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -28,6 +28,22 @@ TEST_F(ParseCacheTest, ReadsAFileOnce) {
   EXPECT_EQ(request("a")->front().as<Verbatim>()->text, "two");
 }
 
+/// Forgets all files at each message.
+struct ForgetfulLogger final : Logger {
+  void report(const Message&) override { cache->clear(); }
+  ParseCache* cache = nullptr;
+};
+
+TEST_F(ParseCacheTest, CanBeClearedWhileItParses) {
+  const auto logger = std::make_shared<ForgetfulLogger>();
+  ParseCache forgetful(logger, host.files);
+  logger->cache = &forgetful;
+  host.files->files["/b/a"] = "<% return %>x";
+  EXPECT_EQ(forgetful.getOrParse(Url("b/./a"), Scanner::Mode::template_)->size(), 2u);
+  ASSERT_EQ(forgetful.cache().size(), 1u);
+  EXPECT_EQ(forgetful.cache().begin()->first.path(), "b/a");
+}
+
 TEST_F(ParseCacheTest, FoldsAddressesAndShowsTheFirst) {
   host.files->files["/b/a"] = "text";
   const auto first = request("b/./a");

@@ -108,6 +108,50 @@ TEST(Processor, KeepsTheGivenLogger) {
   EXPECT_EQ(processor.logger, logger);
 }
 
+TEST(Processor, WritesNothingAnywhereWithoutALogger) {
+  const auto files = std::make_shared<MemoryFileSystem>();
+  files->files["/main.velto"] = "missing";
+  Processor null(Url(""), nullptr, files);
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  EXPECT_THROW(Processor(Url("nowhere")).process("main.velto"), FileError);
+  EXPECT_THROW(null.process("main.velto"), VeltoError);
+  null.logger = nullptr;
+  EXPECT_THROW(null.process("main.velto"), VeltoError);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(std::dynamic_pointer_cast<ArrayLogger>(null.logger)->messages.size(), 1u);
+}
+
+/// Loads another library into the processor that is loading it.
+struct NestingLibrary final : Library {
+  void load(Interpreter& interpreter) override {
+    interpreter.globals().define("loads", ++loads);
+    for (int count = 0; count < 10; ++count) processor->libraries.push_back(nullptr);
+  }
+  Processor* processor = nullptr;
+  int loads = 0;
+};
+
+TEST(Processor, GoesOnWithWhatItFoundWhereTheHostChangesIt) {
+  struct ClearingLogger final : Logger {
+    void report(const Message&) override { processor->globals.clear(); }
+    Processor* processor = nullptr;
+  };
+  TestHost host;
+  const auto logger = std::make_shared<ClearingLogger>();
+  const auto library = std::make_shared<NestingLibrary>();
+  logger->processor = library->processor = &host.processor;
+  host.processor.logger = logger;
+  host.processor.libraries = {library, nullptr, library};
+  host.processor.globals["bad"] = makeRef<HostArray>(std::vector<HostValue>{HostValue(1)});
+  host.processor.globals["c"] = 3;
+  host.run("print(loads) print(c)");
+  EXPECT_EQ(host.output(), "23");
+  EXPECT_TRUE(host.processor.globals.empty());
+  EXPECT_EQ(host.processor.libraries.size(), 23u);
+}
+
 TEST(Processor, IsSilentWithoutALogger) {
   const auto files = std::make_shared<MemoryFileSystem>();
   files->files["/main.velto"] = "missing";

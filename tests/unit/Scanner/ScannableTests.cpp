@@ -46,6 +46,8 @@ TEST(ScannableArray, LooksAroundTheCursor) {
 TEST(ScannableArray, MatchesElementsAndPredicates) {
   ScannableArray<int> numbers({1, 2});
   EXPECT_TRUE(numbers.peekMatch(1));
+  EXPECT_FALSE(numbers.peekMatch());
+  EXPECT_FALSE(numbers.match());
   EXPECT_FALSE(numbers.match(2, 3));
   EXPECT_EQ(numbers.index, 0);
   EXPECT_TRUE(numbers.match(3, 1));

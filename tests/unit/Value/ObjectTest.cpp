@@ -80,11 +80,11 @@ TEST(HostObject, PrintsByItsOwnDescriptionOrByItsProperties) {
   EXPECT_EQ(object(shop::Person{"Ann", 41})->objectDescription(), String("Person(name: Ann, age: 41)"));
 }
 
-TEST(HostObject, SharedUnderTheNameOfItsBaseIsOneOfTheBase) {
+TEST(HostObject, SharedUnderTheNameOfItsBaseHasTheFormOfTheBase) {
   EXPECT_EQ(object(shop::Person())->typeName(), String("Person"));
   const std::shared_ptr<shop::Unit> unit = std::make_shared<shop::SpecialUnit>();
-  EXPECT_EQ(object(unit)->typeName(), String("Unit"));
-  EXPECT_EQ(object(unit)->objectDescription(), String("Unit(size: 1)"));
+  EXPECT_EQ(object(unit)->typeName(), String("SpecialUnit"));
+  EXPECT_EQ(object(unit)->objectDescription(), String("SpecialUnit(size: 1)"));
   EXPECT_EQ(object(unit)->get("size"), Value(1));
 }
 
