@@ -1,26 +1,21 @@
 // JSON documents as values.
-
-// What simdjson checks in a debug build bounds the depth of documents.
-#define SIMDJSON_DEVELOPMENT_CHECKS 0
-#include <simdjson.h>
-
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "Velto/Library/JSONLibrary.h"
 #include "Velto/Library/JSONNumber.h"
+#include "Velto/Library/JSONTexts.h"
+#include "Velto/Library/JSONTokens.h"
 #include "Velto/Platform/StackGuard.h"
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
 
 namespace velto {
 namespace {
-
-namespace ondemand = simdjson::ondemand;
 
 constexpr std::string_view whitespace = " \t\n\r";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -30,73 +25,124 @@ std::string_view withoutSpaceAtEnd(std::string_view token) {
   return token;
 }
 
-/// Reads a document whose top level is an array or an object. simdjson tells the tokens, the structure and the texts;
-/// numbers and words are read here, since it is neither exact nor strict in all of them.
+/// Whether one of the eight bytes is `byte`.
+constexpr bool contains(std::uint64_t bytes, unsigned char byte) noexcept {
+  constexpr std::uint64_t ones = 0x0101'0101'0101'0101;
+  const std::uint64_t different = bytes ^ (ones * byte);
+  return ((different - ones) & ~different & (ones << 7)) != 0;
+}
+
+/// The first quote or backslash, of which there must be one, with room to read on behind it.
+const char* findQuoteOrBackslash(const char* text) noexcept {
+  for (std::uint64_t bytes;; text += sizeof bytes) {
+    std::memcpy(&bytes, text, sizeof bytes);
+    if (contains(bytes, '"') || contains(bytes, '\\')) break;
+  }
+  while (*text != '"' && *text != '\\') ++text;
+  return text;
+}
+
+/// Reads a document whose top level is an array or an object.
 class DocumentReader {
  public:
-  explicit DocumentReader(TextPool& texts) noexcept : texts_(texts) {}
+  DocumentReader(std::string document, TextPool& texts) : tokens_(std::move(document)), keys_(texts) {}
 
-  /// `padded` has the padding of simdjson behind its first `size` bytes.
-  std::optional<Value> read(const std::string& padded, std::size_t size) {
-    ondemand::document document;
-    ondemand::value top;
-    Value result;
-    if (parser_.iterate(padded.data(), size, padded.size()).get(document) || document.get_value().get(top) ||
-        !read(top, result) || !isAtEnd(document)) {
-      return std::nullopt;
-    }
-    return result;
+  std::optional<Value> read() {
+    if (!tokens_.find() || !readPart() || token_ != tokens_.count()) return std::nullopt;
+    return std::move(parts_.front());
   }
 
  private:
-  // These tell whether the part of the document is valid.
+  // These tell whether the part of the document is valid, move behind it and add its value to the parts.
 
-  bool read(ondemand::value source, Value& result) {
-    const std::string_view token = source.raw_json_token();
-    switch (token.front()) {
+  bool readPart() {
+    switch (tokens_.first(token_)) {
       case '[':
-        return readArray(source, result);
+        return readArray();
       case '{':
-        return readObject(source, result);
+        return readObject();
       case '"':
-        return readString(source, result);
+        return readText();
       default:
-        return readWord(withoutSpaceAtEnd(token), result);
+        return readWord(withoutSpaceAtEnd(tokens_.bytes(token_++)));
     }
   }
 
-  bool readArray(ondemand::value container, Value& result) {
-    ondemand::array array;
-    if (stack_.isExhausted() || container.get_array().get(array)) return false;
+  bool readArray() {
+    if (stack_.isExhausted()) return false;
     const std::size_t begin = parts_.size();
-    for (auto element : array) {
-      ondemand::value source;
-      if (element.get(source) || !readPart(source)) return false;
+    ++token_;
+    if (!take(']')) {
+      do {
+        if (!readPart()) return false;
+      } while (take(','));
+      if (!take(']')) return false;
     }
-    result = Array(std::vector<Value>(partsFrom(begin), std::make_move_iterator(parts_.end())));
-    parts_.resize(begin);
+    replaceParts(begin, Array(std::vector<Value>(partsFrom(begin), std::make_move_iterator(parts_.end()))));
     return true;
   }
 
-  bool readObject(ondemand::value container, Value& result) {
-    ondemand::object object;
-    if (stack_.isExhausted() || container.get_object().get(object)) return false;
+  bool readObject() {
+    if (stack_.isExhausted()) return false;
     const std::size_t begin = parts_.size();
-    for (auto field : object) {
-      std::string_view key;
-      ondemand::value source;
-      if (field.unescaped_key().get(key) || field.value().get(source)) return false;
-      parts_.emplace_back(shared(key));
-      if (!readPart(source)) return false;
+    ++token_;
+    if (!take('}')) {
+      do {
+        if (!readKey() || !take(':') || !readPart()) return false;
+      } while (take(','));
+      if (!take('}')) return false;
     }
-    result = takeDictionary(begin);
+    replaceParts(begin, takeDictionary(begin));
     return true;
   }
 
-  bool readPart(ondemand::value source) {
-    Value part;
-    if (!read(source, part)) return false;
-    parts_.push_back(std::move(part));
+  bool readKey() {
+    if (tokens_.first(token_) != '"') return false;
+    if (const String* const expected = keys_.takeExpected(tokens_.bytes(token_).substr(1))) {
+      parts_.emplace_back(*expected);
+      ++token_;
+      return true;
+    }
+    const std::optional<std::string_view> plain = plainText();
+    const std::optional<std::string_view> key = plain ? plain : tokens_.unescaped(token_);
+    if (!key) return false;
+    parts_.emplace_back(keys_.shared(*key));
+    ++token_;
+    return true;
+  }
+
+  bool readText() {
+    const std::optional<std::string_view> plain = plainText();
+    const std::optional<std::string_view> text = plain ? plain : tokens_.unescaped(token_);
+    if (!text) return false;
+    parts_.emplace_back(texts_.shared(*text));
+    ++token_;
+    return true;
+  }
+
+  /// The text where it stands in the document, if no escape is in it.
+  std::optional<std::string_view> plainText() const noexcept {
+    const char* const begin = tokens_.behindFirst(token_);
+    const char* const end = findQuoteOrBackslash(begin);
+    if (*end != '"') return std::nullopt;
+    return std::string_view(begin, static_cast<std::size_t>(end - begin));
+  }
+
+  bool readWord(std::string_view word) {
+    if (const std::optional<double> number = parseJSONNumber(word)) {
+      parts_.emplace_back(*number);
+    } else if (word == "true" || word == "false") {
+      parts_.emplace_back(word == "true");
+    } else {
+      parts_.emplace_back();
+      return word == "null";
+    }
+    return true;
+  }
+
+  bool take(char first) noexcept {
+    if (tokens_.first(token_) != first) return false;
+    ++token_;
     return true;
   }
 
@@ -104,61 +150,45 @@ class DocumentReader {
     return std::make_move_iterator(parts_.begin() + static_cast<std::ptrdiff_t>(begin));
   }
 
+  void replaceParts(std::size_t begin, Value whole) {
+    parts_.resize(begin);
+    parts_.push_back(std::move(whole));
+  }
+
   Dictionary takeDictionary(std::size_t begin) {
     Dictionary dictionary;
     dictionary.reserve((parts_.size() - begin) / 2);
+    const bool areNew = areDistinct(begin);
     for (std::size_t index = begin; index < parts_.size(); index += 2) {
-      dictionary.set(std::move(parts_[index]), std::move(parts_[index + 1]));
+      if (areNew) {
+        dictionary.add(std::move(parts_[index]), std::move(parts_[index + 1]));
+      } else {
+        dictionary.set(std::move(parts_[index]), std::move(parts_[index + 1]));
+      }
     }
-    parts_.resize(begin);
     return dictionary;
   }
 
-  static bool readString(ondemand::value source, Value& result) {
-    std::string_view text;
-    if (source.get_string().get(text)) return false;
-    result = String::fromWellFormed(text);
+  /// Whether a look at where the keys of an object stand in memory shows that they differ: those with the same bytes
+  /// are one text, and only of texts beyond ASCII two can be equal with other bytes.
+  bool areDistinct(std::size_t begin) const noexcept {
+    constexpr std::size_t few = 2 * 8;
+    if (parts_.size() - begin > few) return false;
+    for (std::size_t index = begin; index < parts_.size(); index += 2) {
+      const String& key = *parts_[index].string();
+      if (!key.isASCII()) return false;
+      for (std::size_t before = begin; before < index; before += 2) {
+        if (parts_[before].string()->isSameAs(key)) return false;
+      }
+    }
     return true;
   }
 
-  static bool readWord(std::string_view word, Value& result) {
-    if (word == "null") return true;
-    if (word == "true" || word == "false") {
-      result = word == "true";
-      return true;
-    }
-    const std::optional<double> number = parseJSONNumber(word);
-    if (number) result = *number;
-    return number.has_value();
-  }
-
-  static bool isAtEnd(ondemand::document& document) {
-    return document.current_location().error() == simdjson::OUT_OF_BOUNDS;
-  }
-
-  /// Most keys of a document come many times.
-  const String& shared(std::string_view key) {
-    const auto found = keys_.find(key);
-    if (found == keys_.end()) return addKey(key).text;
-    Key& known = found->second;
-    if (!std::exchange(known.isPooled, true)) texts_.add(known.text);
-    return known.text;
-  }
-
-  struct Key {
-    String text;
-    bool isPooled;  // from the second time on: what comes once is as likely data as a name
-  };
-
-  Key& addKey(std::string_view key) {
-    const String* const known = texts_.find(key);
-    return keys_.emplace(key, Key{known ? *known : String::fromWellFormed(key), known != nullptr}).first->second;
-  }
-
-  TextPool& texts_;
-  ondemand::parser parser_;
+  JSONTokens tokens_;
+  std::size_t token_ = 0;
   std::vector<Value> parts_;  // of the arrays and objects that are being read, so that each is made at its size
-  std::unordered_map<std::string_view, Key> keys_;  // by texts that the parser holds
+  JSONKeys keys_;
+  JSONRecentTexts texts_;
   StackGuard stack_;
 };
 
@@ -168,9 +198,7 @@ bool isContainer(const std::string& document) {
 }
 
 std::optional<Value> parseContainer(std::string document, TextPool& texts) {
-  const std::size_t size = document.size();
-  document.append(simdjson::SIMDJSON_PADDING, '\0');
-  return DocumentReader(texts).read(document, size);
+  return DocumentReader(std::move(document), texts).read();
 }
 
 }  // namespace

@@ -1,54 +1,77 @@
-// Dictionaries: their entries in the order of insertion, and the table by which keys are found.
+// Dictionaries: their entries in the order of insertion, and how keys are found.
 #include "Velto/Value/Dictionary.h"
 
-#include <bit>
+#include <algorithm>
 
 #include "Velto/Value/KeyHash.h"
+#include "Velto/Value/KeyIndex.h"
 
 namespace velto {
 
 namespace {
 
-/// Up to here, going through all hashes is as quick as a table.
-constexpr std::size_t fewEntries = 8;
-
-/// Spreads a hash over a table whose size is a power of two. The low bits of a hash needn't differ: those of whole
-/// numbers don't.
-std::size_t firstSlot(std::uint64_t hash, std::size_t slots) {
-  return (hash * 0x9E3779B97F4A7C15u) >> (64 - std::countr_zero(slots));
+/// Whether a comparison of the texts is worth its time: those that differ in size are equal only by other spellings of
+/// a letter, of which there are none in ASCII.
+bool canBeEqual(const String& left, const String& right) noexcept {
+  return left.size() == right.size() || !left.isASCII() || !right.isASCII();
 }
 
 }  // namespace
 
+Dictionary::Dictionary() noexcept = default;
+Dictionary::Dictionary(Dictionary&&) noexcept = default;
+Dictionary& Dictionary::operator=(Dictionary&&) noexcept = default;
+Dictionary::~Dictionary() = default;
+
+Dictionary::Dictionary(const Dictionary& other)
+    : entries_(other.entries_), index_(other.index_ ? std::make_unique<KeyIndex>(*other.index_) : nullptr) {
+}
+
+Dictionary& Dictionary::operator=(const Dictionary& other) {
+  return *this = Dictionary(other);
+}
+
 void Dictionary::set(Value key, Value value) {
-  const std::uint64_t hash = keyHash(key);
-  const std::size_t index = indexOf(key, hash);
-  if (index < entries_.size()) {
-    entries_[index].value = std::move(value);
+  if (!index_ && (!key.string() || entries_.size() == KeyIndex::few)) makeIndex(entries_.size() + 1);
+  const std::uint64_t hash = index_ ? keyHash(key) : unfindable;
+  const std::size_t place = index_ ? placeOf(key, hash) : placeAmongFew(*key.string());
+  if (place < entries_.size()) {
+    entries_[place].value = std::move(value);
     return;
   }
+  if (index_) index_->add(hash);
   entries_.push_back({std::move(key), std::move(value)});
-  hashes_.push_back(hash);
-  if (table_.empty() ? entries_.size() > fewEntries : entries_.size() * 2 > table_.size()) {
-    rebuildTable(std::bit_ceil(entries_.size() * 2));
-  } else if (!table_.empty()) {
-    addToTable(index);
-  }
+}
+
+void Dictionary::add(Value key, Value value) {
+  if (!index_ && (!key.string() || entries_.size() == KeyIndex::few)) makeIndex(entries_.size() + 1);
+  if (index_) index_->add(keyHash(key));
+  entries_.push_back({std::move(key), std::move(value)});
 }
 
 void Dictionary::reserve(std::size_t count) {
   entries_.reserve(count);
-  hashes_.reserve(count);
-  if (count > fewEntries && count * 2 > table_.size()) rebuildTable(std::bit_ceil(count * 2));
+  if (index_) {
+    index_->reserve(count);
+  } else if (count > KeyIndex::few) {
+    makeIndex(count);
+  }
+}
+
+void Dictionary::makeIndex(std::size_t count) {
+  index_ = std::make_unique<KeyIndex>();
+  index_->reserve(count);
+  for (const Entry& entry : entries_) index_->add(keyHash(entry.key));
 }
 
 const Value* Dictionary::find(const Value& key) const {
-  const std::size_t index = indexOf(key, keyHash(key));
-  return index < entries_.size() ? &entries_[index].value : nullptr;
+  if (const String* text = index_ ? nullptr : key.string()) return valueAt(placeAmongFew(*text));
+  return valueAt(placeOf(key, keyHash(key)));  // even where no such key can be found, one without a hash is an error
 }
 
 const Value* Dictionary::findText(const String& key) const {
-  constexpr std::size_t worthALook = 2 * fewEntries;
+  if (!index_) return valueAt(placeAmongFew(key));
+  constexpr std::size_t worthALook = 2 * KeyIndex::few;
   if (entries_.size() <= worthALook) {
     for (const Entry& entry : entries_) {
       if (const String* text = entry.key.string(); text && text->isSameAs(key)) return &entry.value;
@@ -60,48 +83,42 @@ const Value* Dictionary::findText(const String& key) const {
 /// Where one key alone has the hash, the keys aren't compared here: they may be deep, and the caller has its own way to
 /// compare them.
 const Dictionary::Entry* Dictionary::counterpart(const Dictionary& other, std::size_t index) const {
-  const std::uint64_t hash = other.hashes_[index];
+  const Value& key = other.entries_[index].key;
+  if (!index_) return key.string() ? entryAt(placeAmongFew(*key.string())) : nullptr;
+  const std::uint64_t hash = other.index_ ? other.index_->hash(index) : keyHash(key);
+  if (hash == unfindable) return nullptr;
   std::size_t count = 0;
   std::size_t found = entries_.size();
-  search(hash, [&](std::size_t candidate) {
+  index_->search(hash, [&](std::size_t candidate) {
     found = candidate;
     return ++count > 1;
   });
-  if (count > 1) found = indexOf(other.entries_[index].key, hash);
-  return found < entries_.size() ? &entries_[found] : nullptr;
+  return entryAt(count > 1 ? placeOf(key, hash) : found);
 }
 
-/// The first wanted entry whose key has the hash; the number of entries if there is none.
-template <typename IsWanted>
-std::size_t Dictionary::search(std::uint64_t hash, const IsWanted& isWanted) const {
-  const auto isFound = [&](std::size_t index) { return hashes_[index] == hash && isWanted(index); };
-  if (hash == unfindable) return entries_.size();
-  if (table_.empty()) {
-    std::size_t index = 0;
-    while (index < entries_.size() && !isFound(index)) ++index;
-    return index;
-  }
-  for (std::size_t slot = firstSlot(hash, table_.size()); table_[slot] != 0; slot = (slot + 1) & (table_.size() - 1)) {
-    if (isFound(table_[slot] - 1)) return table_[slot] - 1;
-  }
-  return entries_.size();
+std::size_t Dictionary::placeOf(const Value& key, std::uint64_t hash) const {
+  if (hash == unfindable || !index_) return entries_.size();
+  return index_->search(hash, [&](std::size_t place) { return entries_[place].key == key; });
 }
 
-std::size_t Dictionary::indexOf(const Value& key, std::uint64_t hash) const {
-  return search(hash, [&](std::size_t index) { return entries_[index].key == key; });
+/// Most texts are found without a look at their bytes, since texts of one pool are the same in memory.
+std::size_t Dictionary::placeAmongFew(const String& key) const {
+  const auto isSame = [&](const Entry& entry) { return entry.key.string()->isSameAs(key); };
+  const auto isEqual = [&](const Entry& entry) {
+    const String& text = *entry.key.string();
+    return canBeEqual(text, key) && text == key;
+  };
+  auto found = std::ranges::find_if(entries_, isSame);
+  if (found == entries_.end()) found = std::ranges::find_if(entries_, isEqual);
+  return static_cast<std::size_t>(found - entries_.begin());
 }
 
-/// Nobody will look for an unfindable key there.
-void Dictionary::addToTable(std::size_t index) {
-  if (hashes_[index] == unfindable) return;
-  std::size_t slot = firstSlot(hashes_[index], table_.size());
-  while (table_[slot] != 0) slot = (slot + 1) & (table_.size() - 1);
-  table_[slot] = static_cast<std::uint32_t>(index + 1);
+const Dictionary::Entry* Dictionary::entryAt(std::size_t place) const noexcept {
+  return place < entries_.size() ? &entries_[place] : nullptr;
 }
 
-void Dictionary::rebuildTable(std::size_t slots) {
-  table_.assign(slots, 0);
-  for (std::size_t index = 0; index < entries_.size(); ++index) addToTable(index);
+const Value* Dictionary::valueAt(std::size_t place) const noexcept {
+  return place < entries_.size() ? &entries_[place].value : nullptr;
 }
 
 }  // namespace velto

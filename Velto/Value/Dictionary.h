@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <utility>
 #include <vector>
@@ -9,6 +10,10 @@
 #include "Velto/Value/HostValue.h"
 #include "Velto/Value/Object.h"
 #include "Velto/Value/Value.h"
+
+namespace velto {
+class KeyIndex;
+}
 
 namespace [[gnu::visibility("default")]] velto {
 
@@ -29,8 +34,17 @@ class Dictionary final : public Mapping {
     Value value;
   };
 
+  Dictionary() noexcept;
+  Dictionary(const Dictionary& other);
+  Dictionary(Dictionary&&) noexcept;
+  Dictionary& operator=(const Dictionary& other);
+  Dictionary& operator=(Dictionary&&) noexcept;
+  ~Dictionary() override;
+
   /// Stores `value` under `key`. Where an equal key stands, that key and its place stay, and the value is replaced.
   void set(Value key, Value value);
+  /// Stores `value` under a key that is known to equal none of those that stand there.
+  void add(Value key, Value value);
   void reserve(std::size_t count);
   /// Null if there is no such key.
   const Value* find(const Value& key) const;
@@ -47,15 +61,15 @@ class Dictionary final : public Mapping {
   String objectDescription() const override;
 
  private:
-  template <typename IsWanted>
-  std::size_t search(std::uint64_t hash, const IsWanted& isWanted) const;
-  std::size_t indexOf(const Value& key, std::uint64_t hash) const;
-  void addToTable(std::size_t index);
-  void rebuildTable(std::size_t slots);
+  void makeIndex(std::size_t count);
+  // The place behind the last entry stands for none.
+  std::size_t placeOf(const Value& key, std::uint64_t hash) const;
+  std::size_t placeAmongFew(const String& key) const;
+  const Entry* entryAt(std::size_t place) const noexcept;
+  const Value* valueAt(std::size_t place) const noexcept;
 
   std::vector<Entry> entries_;
-  std::vector<std::uint64_t> hashes_;  // of the entries' keys
-  std::vector<std::uint32_t> table_;   // open addressing: 0, or 1 + the index of an entry; empty while few
+  std::unique_ptr<KeyIndex> index_;  // null while the keys are a few texts
 };
 
 /// A dictionary of other host values.
