@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 #include "Velto/Platform/FileHandle.h"
@@ -82,29 +83,31 @@ std::errc lastError() noexcept {
   return static_cast<std::errc>(errno);
 }
 
-/// How much to ask for in one go, so that a second read finds the end of a file.
+/// What a file will need; a little is left for whoever appends to it.
 std::size_t expectedSize(int number) {
   struct stat status;
-  constexpr off_t leastSize = 4096;
-  if (::fstat(number, &status) != 0 || status.st_size < leastSize) return leastSize;
-  return static_cast<std::size_t>(status.st_size) + 1;
+  constexpr std::size_t forAppending = 64;
+  return ::fstat(number, &status) == 0 ? static_cast<std::size_t>(status.st_size) + forAppending : 0;
 }
 
+/// By way of pieces: a string fills its memory before anything can be read into it.
 std::string readToEnd(int number) {
-  std::string bytes(expectedSize(number), '\0');
-  std::size_t length = 0;
+  constexpr std::size_t smallest = 4096;
+  constexpr std::size_t largest = 64 * 1024;
+  const std::size_t expected = expectedSize(number);
+  const std::size_t size = std::clamp(expected, smallest, largest);
+  const auto piece = std::make_unique_for_overwrite<char[]>(size);
+  std::string bytes;
+  bytes.reserve(expected);
   for (;;) {
-    if (length == bytes.size()) bytes.resize(2 * length);
-    const ssize_t count = ::read(number, bytes.data() + length, bytes.size() - length);
-    if (count == 0) break;
+    const ssize_t count = ::read(number, piece.get(), size);
+    if (count == 0) return bytes;
     if (count > 0) {
-      length += static_cast<std::size_t>(count);
+      bytes.append(piece.get(), static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
       failReading(lastError());
     }
   }
-  bytes.resize(length);
-  return bytes;
 }
 
 bool copyItem(const files::path& source, const files::path& destination);
