@@ -1,7 +1,6 @@
 // The frame of a parse: bodies, errors and recovery.
 #include "Velto/Parser/Parser.h"
 
-#include <algorithm>
 #include <new>
 
 #include "Velto/Diagnostics/Fail.h"
@@ -47,17 +46,6 @@ void Parser::parseInto(Statements& body) {
   } catch (...) {
     stopAtUnknownError("unknown");
   }
-}
-
-bool Parser::isAt(Types types) const noexcept {
-  const Token* token = tokens_.current();
-  return token && std::find(types.begin(), types.end(), token->type) != types.end();
-}
-
-bool Parser::match(Types types) {
-  if (!isAt(types)) return false;
-  tokens_.advance();
-  return true;
 }
 
 const Token& Parser::consume(TokenType type, std::string_view message) {

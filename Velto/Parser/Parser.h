@@ -1,6 +1,7 @@
 // Tokens into statements, by recursive descent.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <memory>
 #include <string_view>
@@ -33,8 +34,16 @@ class Parser {
   // Parser.cpp: the frame, errors and recovery
   Statements body(Types stops);
   void parseInto(Statements& body);
-  bool isAt(Types types) const noexcept;
-  bool match(Types types);
+  // Asked for every token several times.
+  [[gnu::always_inline]] bool isAt(Types types) const noexcept {
+    const Token* token = tokens_.current();
+    return token && std::find(types.begin(), types.end(), token->type) != types.end();
+  }
+  [[gnu::always_inline]] bool match(Types types) {
+    if (!isAt(types)) return false;
+    ++tokens_.index;
+    return true;
+  }
   void matchSemicolon() { match({TokenType::semicolon}); }
   const Token& previous() const noexcept { return *tokens_.previous(); }
   const Token& consume(TokenType type, std::string_view message);
