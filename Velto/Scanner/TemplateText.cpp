@@ -5,62 +5,78 @@
 #include <cstdint>
 #include <cstring>
 
+#include "Velto/Platform/Utf8.h"
+
 namespace velto {
 
 namespace {
 
 /// How far a step looks ahead, so that the way to the next tag is never searched over and over.
-constexpr std::size_t window = 4096;
-
-std::size_t endOfASCII(std::string_view text, std::size_t begin, std::size_t end) noexcept {
-  std::size_t position = begin;
-  for (std::uint64_t bytes; position + sizeof bytes <= end; position += sizeof bytes) {
-    std::memcpy(&bytes, text.data() + position, sizeof bytes);
-    if ((bytes & 0x8080'8080'8080'8080) != 0) break;
-  }
-  while (position < end && (static_cast<unsigned char>(text[position]) & 0x80) == 0) ++position;
-  return position;
-}
+constexpr std::size_t window = 1024;
 
 /// The end of the ASCII characters from `begin` on that certainly end before the text behind them begins: what comes
 /// next may combine with the last one.
 std::size_t endOfASCIICharacters(const String& string, std::size_t begin) noexcept {
   const std::string_view text = string;
   const std::size_t limit = std::min(text.size(), begin + window);
-  std::size_t end = string.isASCII() ? limit : endOfASCII(text, begin, limit);
+  std::size_t end = string.isASCII() ? limit : begin + utf8::asciiPrefixLength(text.substr(begin, limit - begin));
   if (end == text.size()) return end;
   if (end > begin) --end;
   if (end > begin && text[end - 1] == '\r') --end;
   return end;
 }
 
-/// The first "<" from `begin` on that "%" follows, or `end`.
+/// The first "<" from `begin` on that "%" follows, or `end`. Texts have fewer "%" than "<".
 std::size_t findTagOpening(std::string_view text, std::size_t begin, std::size_t end) noexcept {
-  for (std::size_t position = begin; position < end; ++position) {
-    const void* found = std::memchr(text.data() + position, '<', end - position);
+  const std::size_t last = std::min(end + 1, text.size());
+  for (std::size_t position = begin + 1; position < last; ++position) {
+    const void* found = std::memchr(text.data() + position, '%', last - position);
     if (!found) break;
     position = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-    if (position + 1 < text.size() && text[position + 1] == '%') return position;
+    if (text[position - 1] == '<') return position - 1;
   }
   return end;
 }
 
-/// Moves over ASCII text up to `end`.
-void skipASCII(ScannableString& source, std::size_t end) noexcept {
-  const std::string_view text = source.string;
-  const std::size_t begin = source.index;
-  while (const void* found = std::memchr(text.data() + source.index, '\n', end - source.index)) {
-    const auto newline = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-    if (newline > begin && text[newline - 1] == '\r') {
-      source.column += static_cast<Int>(newline - source.index);  // one character with the "\r", and no line end
-    } else {
+/// Brings the line and the column behind ASCII text that may hold every kind of line end.
+void skipWithCarriageReturns(ScannableString& source, std::string_view text) noexcept {
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const bool isPair = index > 0 && text[index - 1] == '\r' && text[index] == '\n';
+    if (isPair) continue;
+    if (text[index] == '\n') {
       ++source.line;
       source.column = 1;
+    } else {
+      ++source.column;
     }
-    source.index = newline + 1;
   }
-  source.column += static_cast<Int>(end - source.index);
+}
+
+/// How many line feeds there are; no more than 255 bytes of a piece, so that many can be counted at a time in a byte
+/// each.
+Int lineFeedCount(std::string_view text) noexcept {
+  constexpr std::size_t piece = 240;
+  Int count = 0;
+  while (!text.empty()) {
+    std::uint8_t countOfPiece = 0;
+    for (const char byte : text.substr(0, piece))
+      countOfPiece = static_cast<std::uint8_t>(countOfPiece + (byte == '\n'));
+    count += countOfPiece;
+    text.remove_prefix(std::min(piece, text.size()));
+  }
+  return count;
+}
+
+/// Moves over ASCII text up to `end`. A "\r" and the "\n" behind it are one character, and no line end.
+void skipASCII(ScannableString& source, std::size_t end) noexcept {
+  const std::size_t begin = source.index;
+  const std::string_view text = source.string.view().substr(begin, end - begin);
   source.index = end;
+  if (text.find('\r') != text.npos) return skipWithCarriageReturns(source, text);
+  const Int lines = lineFeedCount(text);
+  if (lines > 0) source.column = 1;
+  source.line += lines;
+  source.column += static_cast<Int>(lines > 0 ? text.size() - text.rfind('\n') - 1 : text.size());
 }
 
 /// Most characters are told by their first byte alone: no other scalar is equivalent to "<".

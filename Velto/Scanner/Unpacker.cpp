@@ -22,14 +22,18 @@ Unpacker::Unpacker(std::vector<Token> tokens, std::shared_ptr<Logger> logger)
     : logger_(std::move(logger)), tokens_(std::move(tokens)) {
 }
 
+/// The tokens that stay move together at the start of the array.
 std::vector<Token> Unpacker::unpack() {
-  unpacked_.reserve(tokens_.elements.size());
-  while (!tokens_.isAtEnd()) unpackToken(tokens_.advance());
+  while (!tokens_.isAtEnd()) {
+    tokens_.advance();
+    unpackToken(tokens_.elements[static_cast<std::size_t>(tokens_.index) - 1]);
+  }
   if (inCode_) fail(tokens_.previous()->range, "Expect closing tag.");
-  return std::move(unpacked_);
+  tokens_.elements.erase(tokens_.elements.begin() + static_cast<std::ptrdiff_t>(count_), tokens_.elements.end());
+  return std::move(tokens_.elements);
 }
 
-void Unpacker::unpackToken(const Token& token) {
+void Unpacker::unpackToken(Token& token) {
   switch (token.type) {
     case TokenType::verbatim:
       return unpackText(token);
@@ -40,12 +44,23 @@ void Unpacker::unpackToken(const Token& token) {
     case TokenType::skipWhitespaceMarker:
       return closeTagCuttingNewline();
     default:
-      unpacked_.push_back(token);
+      keep(token);
+  }
+}
+
+/// The last token stays where it is, too: an error may have to be reported there.
+void Unpacker::keep(Token& token) {
+  Token& place = tokens_.elements[count_++];
+  if (&place == &token) return;
+  if (tokens_.isAtEnd()) {
+    place = token;
+  } else {
+    place = std::move(token);
   }
 }
 
 /// Text is the last token, or a tag opens behind it.
-void Unpacker::unpackText(const Token& token) {
+void Unpacker::unpackText(Token& token) {
   if (tokens_.isAtEnd()) return emit(token, token.lexeme);
   consume(TokenType::tagOpen, "Expect opening tag.");
   inCode_ = true;
@@ -55,10 +70,12 @@ void Unpacker::unpackText(const Token& token) {
 }
 
 /// The range stays that of the whole text, whatever was cut.
-void Unpacker::emit(const Token& token, String text) {
+void Unpacker::emit(Token& token, String text) {
   if (skipNextNewline_ && text.view().starts_with('\n')) text = text.slice(1, text.size() - 1);
   skipNextNewline_ = false;
-  if (!text.isEmpty()) unpacked_.emplace_back(token.type, std::move(text), token.literal, token.range);
+  if (text.isEmpty()) return;
+  token.lexeme = std::move(text);
+  keep(token);
 }
 
 void Unpacker::closeTag(const Token& token) {

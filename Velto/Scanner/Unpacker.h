@@ -22,9 +22,10 @@ class Unpacker {
   std::vector<Token> unpack();
 
  private:
-  void unpackToken(const Token& token);
-  void unpackText(const Token& token);
-  void emit(const Token& token, String text);
+  void unpackToken(Token& token);
+  void keep(Token& token);
+  void unpackText(Token& token);
+  void emit(Token& token, String text);
   void closeTag(const Token& token);
   void closeTagCuttingNewline();
   void consume(TokenType type, std::string_view message);
@@ -32,7 +33,7 @@ class Unpacker {
 
   std::shared_ptr<Logger> logger_;
   ScannableArray<Token> tokens_;
-  std::vector<Token> unpacked_;
+  std::size_t count_ = 0;  // of the tokens that stay
   bool skipNextNewline_ = false;
   bool inCode_ = false;
 };
