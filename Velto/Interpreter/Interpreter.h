@@ -145,6 +145,10 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value valueOf(const Subscript& node);
   Value valueOf(const Unary& node);
   Value valueOf(const Variable& node);
+  Value assign(const Assignment& node, Value value);
+  void appendPieces(const StringExpression& node, std::size_t first, StringBuilder& text);
+  static const StringExpression* textThatGrows(const Assignment& node);
+  Value grow(const Assignment& node, const StringExpression& text);
 
   // InterpreterOperators.cpp: operators, literals, variables and assignment
   bool areSame(const Value& left, const Value& right, const Range& range);

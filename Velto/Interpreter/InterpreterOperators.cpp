@@ -3,7 +3,6 @@
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
 #include "Velto/Platform/Fatal.h"
-#include "Velto/Platform/Unicode.h"
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
 #include "Velto/Value/IntegerRange.h"
@@ -137,7 +136,11 @@ Value Interpreter::lookUpVariable(const Token& name, const Local* local) {
 }
 
 Value Interpreter::valueOf(const Assignment& node) {
-  Value value = evaluate(node.value);
+  if (const StringExpression* text = textThatGrows(node)) return grow(node, *text);
+  return assign(node, evaluate(node.value));
+}
+
+Value Interpreter::assign(const Assignment& node, Value value) {
   const Local* local = locals.find(node.id);
   if (Value* variable = local ? current().findInPlace(node.name.lexeme, *local) : nullptr) {
     *variable = value;
@@ -152,32 +155,6 @@ Value Interpreter::valueOf(const Assignment& node) {
 Value Interpreter::valueOf(const TypeCheck& node) {
   const Value value = evaluate(node.instance);
   return value.isOf(MetaType(node.type.lexeme));
-}
-
-namespace {
-
-/// The offset in bytes that lies `units` UTF-16 code units behind `offset`.
-std::size_t offsetBehind(std::string_view text, std::size_t offset, Int units) {
-  while (units > 0) units -= unicode::decode(text, offset) > 0xFFFF ? 2 : 1;
-  return offset;
-}
-
-}  // namespace
-
-Value Interpreter::valueOf(const StringExpression& node) {
-  if (node.interpolations.empty()) return node.literal;
-  const std::string_view literal = node.literal;
-  StringBuilder text;
-  std::size_t offset = 0;
-  Int position = 0;
-  for (const StringExpression::Interpolation& interpolation : node.interpolations) {
-    const std::size_t next = offsetBehind(literal, offset, interpolation.position - position);
-    text.append(literal.substr(offset, next - offset));
-    text.append(evaluate(interpolation.value).description());
-    offset = next;
-    position = interpolation.position;
-  }
-  return text.append(literal.substr(offset)).build();
 }
 
 Value Interpreter::valueOf(const ArrayLiteral& node) {

@@ -4,6 +4,7 @@
 #include "Velto/Library/EqualsMember.h"
 #include "Velto/Library/Sorting.h"
 #include "Velto/Value/NativeFunctions.h"
+#include "Velto/Value/Printing.h"
 
 namespace velto {
 
@@ -42,7 +43,35 @@ std::vector<Value> convertedElements(const Sequence& array) {
   return result;
 }
 
+/// What the texts among the elements take, the separators included; few others need much.
+std::size_t expectedSize(std::span<const Value> elements, std::string_view separator) {
+  std::size_t size = elements.size() * separator.size();
+  for (const Value& element : elements) {
+    if (const String* text = element.string()) size += text->size();
+  }
+  return size;
+}
+
+String joined(std::span<const Value> elements, std::string_view separator) {
+  StringBuilder text;
+  text.reserve(expectedSize(elements, separator));
+  for (const Value& element : elements) {
+    if (&element != elements.data()) text.append(separator);
+    appendDescription(element, text);
+  }
+  return std::move(text).build();
+}
+
 }  // namespace
+
+String joinedOneByOne(const Sequence& array, std::string_view separator) {
+  StringBuilder text;
+  for (std::size_t index = 0; index < array.size(); ++index) {
+    if (index > 0) text.append(separator);
+    text.append(array.printed(index));
+  }
+  return std::move(text).build();
+}
 
 std::optional<Value> Sequence::get(const String& name) const {
   const std::string_view member = name;
@@ -86,12 +115,8 @@ Value Join::call(Interpreter&, Arguments arguments, const ReportError& reportErr
   if (!separator) {
     reportError(String::concatenation({"`join` expects a string separator, got '", arguments[0].description(), "'."}));
   }
-  StringBuilder text;
-  for (std::size_t index = 0; index < array->size(); ++index) {
-    if (index > 0) text.append(*separator);
-    text.append(array->printed(index));
-  }
-  return text.build();
+  const auto* values = dynamic_cast<const Array*>(array.get());
+  return values ? joined(values->elements(), *separator) : joinedOneByOne(*array, *separator);
 }
 
 Value Sort::call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const {

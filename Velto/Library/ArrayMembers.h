@@ -54,4 +54,7 @@ class Sort final : public ArrayFunction {
   Value call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const override;
 };
 
+/// What `joined` makes of an array of any kind, one element after the other.
+String joinedOneByOne(const Sequence& array, std::string_view separator);
+
 }  // namespace velto

@@ -2,6 +2,7 @@
 #include "Velto/Library/WordCase.h"
 
 #include <array>
+#include <utility>
 
 #include "Velto/Library/StringForms.h"
 #include "Velto/Platform/Unicode.h"
@@ -38,6 +39,18 @@ constexpr auto asciiTypes = [] {
   return types;
 }();
 
+/// The end of a text that is being written where all of it has room.
+class ASCIIEnd {
+ public:
+  explicit ASCIIEnd(char* end) noexcept : end_(end) {}
+
+  void append(char character) noexcept { *end_++ = character; }
+  char* get() const noexcept { return end_; }
+
+ private:
+  char* end_;
+};
+
 /// The same for a byte of a text that is all ASCII, where all is a matter of a small table. "\r\n" is two of them,
 /// which makes no difference: both are space.
 class ASCIILetter {
@@ -46,16 +59,16 @@ class ASCIILetter {
 
   CharacterType type() const noexcept { return asciiTypes[static_cast<unsigned char>(character_)]; }
   bool isLetter() const noexcept { return type() == CharacterType::uppercase || type() == CharacterType::lowercase; }
-  void appendLowercased(StringBuilder& text) const { text.append(unicode::lowercasedASCII(character_)); }
-  void appendUppercased(StringBuilder& text) const { text.append(unicode::uppercasedASCII(character_)); }
+  void appendLowercased(ASCIIEnd& text) const { text.append(unicode::lowercasedASCII(character_)); }
+  void appendUppercased(ASCIIEnd& text) const { text.append(unicode::uppercasedASCII(character_)); }
 
  private:
   char character_;
 };
 
-template <typename AnyLetter, typename Text>
-String camelCased(const Text& text, bool capitalizeFirst) {
-  StringBuilder result;
+/// At most two characters more than in the text.
+template <typename AnyLetter, typename Text, typename Result>
+void appendCamelCased(const Text& text, bool capitalizeFirst, Result& result) {
   bool first = true;
   CharacterType previous = CharacterType::invalid;
   for (const AnyLetter letter : text) {
@@ -74,13 +87,15 @@ String camelCased(const Text& text, bool capitalizeFirst) {
     }
     previous = type;
   }
-  if (first) result.append("_0");
-  return result.build();
+  if (first) {
+    result.append('_');
+    result.append('0');
+  }
 }
 
-template <typename AnyLetter, typename Text>
-String snakeCased(const Text& text) {
-  StringBuilder result;
+/// At most as many characters as in the text.
+template <typename AnyLetter, typename Text, typename Result>
+void appendSnakeCased(const Text& text, Result& result) {
   bool first = true;
   bool afterSeparator = false;
   for (const AnyLetter letter : text) {
@@ -98,23 +113,43 @@ String snakeCased(const Text& text) {
     first = false;
     afterSeparator = false;
   }
-  return result.build();
+}
+
+/// What `append` makes of a text in ASCII, in one pass over memory of the right size.
+template <typename Append>
+String writtenASCII(std::size_t most, Append append) {
+  StringBuilder result;
+  result.appendWritten(most, [&](char* begin) {
+    ASCIIEnd end(begin);
+    append(end);
+    return end.get();
+  });
+  return std::move(result).build();
 }
 
 String camelCased(const String& text, bool capitalizeFirst) {
-  return text.isASCII() ? camelCased<ASCIILetter>(trimmed(text), capitalizeFirst)
-                        : camelCasedByCharacters(text, capitalizeFirst);
+  if (!text.isASCII()) return camelCasedByCharacters(text, capitalizeFirst);
+  const std::string_view words = trimmed(text);
+  return writtenASCII(words.size() + 2,
+                      [&](ASCIIEnd& end) { appendCamelCased<ASCIILetter>(words, capitalizeFirst, end); });
 }
 
 }  // namespace
 
 CharacterType characterType(Character character) {
-  const char32_t scalar = character.firstScalar();
-  if (unicode::isWhitespaceOrNewline(scalar)) return CharacterType::space;
-  if (!unicode::isAlphanumeric(scalar)) return CharacterType::invalid;
-  if (unicode::isUppercaseLetter(scalar)) return CharacterType::uppercase;
-  if (unicode::isLowercaseLetter(scalar)) return CharacterType::lowercase;
-  return CharacterType::other;
+  switch (unicode::scalarClass(character.firstScalar())) {
+    case unicode::ScalarClass::whitespaceOrNewline:
+      return CharacterType::space;
+    case unicode::ScalarClass::uppercaseLetter:
+      return CharacterType::uppercase;
+    case unicode::ScalarClass::lowercaseLetter:
+      return CharacterType::lowercase;
+    case unicode::ScalarClass::otherAlphanumeric:
+      return CharacterType::other;
+    case unicode::ScalarClass::none:
+      return CharacterType::invalid;
+  }
+  return CharacterType::invalid;
 }
 
 String lowerCamelCased(const String& text) {
@@ -126,15 +161,21 @@ String upperCamelCased(const String& text) {
 }
 
 String snakeCased(const String& text) {
-  return text.isASCII() ? snakeCased<ASCIILetter>(trimmed(text)) : snakeCasedByCharacters(text);
+  if (!text.isASCII()) return snakeCasedByCharacters(text);
+  const std::string_view words = trimmed(text);
+  return writtenASCII(words.size(), [&](ASCIIEnd& end) { appendSnakeCased<ASCIILetter>(words, end); });
 }
 
 String camelCasedByCharacters(const String& text, bool capitalizeFirst) {
-  return camelCased<Letter>(Characters(trimmed(text)), capitalizeFirst);
+  StringBuilder result;
+  appendCamelCased<Letter>(Characters(trimmed(text)), capitalizeFirst, result);
+  return std::move(result).build();
 }
 
 String snakeCasedByCharacters(const String& text) {
-  return snakeCased<Letter>(Characters(trimmed(text)));
+  StringBuilder result;
+  appendSnakeCased<Letter>(Characters(trimmed(text)), result);
+  return std::move(result).build();
 }
 
 }  // namespace velto

@@ -116,10 +116,17 @@ BreakClass breakClassAt(std::string_view text, std::size_t offset) noexcept {
   return breakClass(utf8::decode(text, offset));
 }
 
+/// Whether no scalar begins at `offset`, or one that joins to nothing by itself.
+bool isOtherAt(std::string_view text, std::size_t offset) noexcept {
+  return offset == text.size() || breakClassAt(text, offset) == BreakClass::other;
+}
+
 }  // namespace
 
 std::size_t nextBoundaryByRules(std::string_view text, std::size_t offset) noexcept {
-  Cluster cluster(breakClass(utf8::decode(text, offset)));
+  const BreakClass first = breakClass(utf8::decode(text, offset));
+  if (first == BreakClass::other && isOtherAt(text, offset)) return offset;
+  Cluster cluster(first);
   while (offset < text.size()) {
     std::size_t next = offset;
     const BreakClass class_ = breakClass(utf8::decode(text, next));

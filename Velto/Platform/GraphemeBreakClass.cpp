@@ -73,10 +73,12 @@ BreakClass breakClassBelow300(char32_t scalar) noexcept {
   return scalar == 0xA9 || scalar == 0xAE ? BreakClass::pictographic : BreakClass::other;
 }
 
-/// Greek, Cyrillic, Armenian and the ideographs have no marks of their own and needn't be looked up.
+/// Greek, Cyrillic, Armenian, kana and the ideographs have no marks of their own, but for two of kana, and needn't be
+/// looked up.
 constexpr bool isPlain(char32_t scalar) noexcept {
   return (0x370 <= scalar && scalar < 0x483) || (0x48A <= scalar && scalar < 0x591) ||
-         (0x3400 <= scalar && scalar < 0xA000);
+         (0x1F00 <= scalar && scalar < 0x2000) || (0x3041 <= scalar && scalar < 0x3099) ||
+         (0x309B <= scalar && scalar < 0x3100) || (0x3400 <= scalar && scalar < 0xA000);
 }
 
 }  // namespace

@@ -38,7 +38,8 @@ class HolderCount {
     return count_.fetch_sub(1, std::memory_order_acq_rel) == 1;
   }
 
-  std::uint32_t get() const noexcept { return count_.load(std::memory_order_relaxed); }
+  /// Acquires: whoever finds itself the only holder may write where former holders have read.
+  std::uint32_t get() const noexcept { return count_.load(std::memory_order_acquire); }
 
  private:
   static bool isSingleThreaded() noexcept {

@@ -14,33 +14,54 @@
 
 namespace velto {
 
-String::Storage::Storage(const char* text, std::size_t size, bool isASCII, Ref<const Storage> whole) noexcept
-    : isASCII(isASCII), text(text), size(size), whole(std::move(whole)) {
+struct String::Slice final : Storage {
+  Slice(std::string_view part, bool isASCII, Ref<const Storage> whole) noexcept
+      : Storage(part.data(), part.size(), isASCII, false), whole(std::move(whole)) {}
+
+  Ref<const Storage> whole;
+};
+
+String::Block::Block(std::size_t capacity) noexcept
+    : Storage(reinterpret_cast<const char*>(this + 1), 0, true, true), capacity(capacity) {
 }
 
-/// One block of memory holds the object and, behind it, the bytes.
-Ref<const String::Storage> String::Storage::joining(std::initializer_list<std::string_view> pieces) {
+Ref<String::Block> String::Block::allocated(std::size_t capacity) {
+  return Ref<Block>(::new (::operator new(sizeof(Block) + capacity)) Block(capacity));
+}
+
+Ref<const String::Storage> String::Block::holding(std::string_view text) {
+  if (text.empty()) return nullptr;
+  Ref<Block> block = allocated(text.size());
+  block->append(text);
+  return block;
+}
+
+Ref<const String::Storage> String::Block::joining(std::initializer_list<std::string_view> pieces) {
   std::size_t size = 0;
   for (const std::string_view piece : pieces) size += piece.size();
   if (size == 0) return nullptr;
 
-  void* const memory = ::operator new(sizeof(Storage) + size);
-  char* const text = static_cast<char*>(memory) + sizeof(Storage);
-  char* end = text;
-  for (const std::string_view piece : pieces) end = std::copy(piece.begin(), piece.end(), end);
-  return Ref<const Storage>(::new (memory) Storage(text, size, utf8::isASCII(std::string_view(text, size)), nullptr));
+  Ref<Block> block = allocated(size);
+  for (const std::string_view piece : pieces) block->append(piece);
+  return block;
+}
+
+void String::Block::append(std::string_view piece) noexcept {
+  piece.copy(bytes() + size, piece.size());
+  size += piece.size();
+  isASCII = isASCII && utf8::isASCII(piece);
 }
 
 String::String(std::string_view text)
-    : storage_(isWellFormed(text) ? Storage::joining({text}) : Storage::joining({utf8::repaired(text)})) {
+    : storage_(isWellFormed(text) ? Block::holding(text) : Block::holding(utf8::repaired(text))) {
 }
 
 String String::fromWellFormed(std::string_view text) {
-  return concatenation({text});
+  return String(Block::holding(text));
 }
 
 String String::concatenation(std::initializer_list<std::string_view> pieces) {
-  return String(Storage::joining(pieces));
+  return String(Block::joining(pieces));
 }
 
 bool String::isWellFormed(std::string_view text) noexcept {
@@ -51,9 +72,24 @@ String String::slice(std::size_t offset, std::size_t length) const {
   if (length == size()) return *this;
   if (length == 0) return String();
   const std::string_view part = view().substr(offset, length);
-  const bool isPartASCII = isASCII() || utf8::isASCII(part);
-  return String(
-      makeRef<const Storage>(part.data(), part.size(), isPartASCII, storage_->whole ? storage_->whole : storage_));
+  const Ref<const Storage> whole = storage_->isBlock ? storage_ : static_cast<const Slice&>(*storage_).whole;
+  return String(makeRef<const Slice>(part, isASCII() || utf8::isASCII(part), whole));
+}
+
+String String::appending(std::string_view piece) && {
+  if (piece.empty()) return std::move(*this);
+  const bool isOwn = storage_ && storage_->isBlock && storage_->holderCount() == 1;
+  Block* const own = isOwn ? const_cast<Block*>(static_cast<const Block*>(storage_.get())) : nullptr;
+  if (own && own->hasRoomFor(piece)) {
+    own->append(piece);
+    own->hash.store(0, std::memory_order_relaxed);
+    return std::move(*this);
+  }
+  const std::size_t newSize = size() + piece.size();
+  Ref<Block> block = Block::allocated(newSize + newSize / 2);
+  block->append(view());
+  block->append(piece);
+  return String(std::move(block));
 }
 
 Int String::characterCount() const noexcept {
@@ -76,10 +112,9 @@ std::size_t String::findHash() const noexcept {
   return hash;
 }
 
-bool operator==(const String& left, const String& right) noexcept {
-  if (left.isSameAs(right) || left.view() == right.view()) return true;
-  if (left.isASCII() && right.isASCII()) return false;
-  return unicode::areEquivalent(left, right);
+bool String::isEqual(const String& other) const noexcept {
+  if (isASCII() && other.isASCII()) return view() == other.view();
+  return view() == other.view() || unicode::areEquivalent(*this, other);
 }
 
 std::strong_ordering operator<=>(const String& left, const String& right) noexcept {
@@ -89,18 +124,35 @@ std::strong_ordering operator<=>(const String& left, const String& right) noexce
 }
 
 StringBuilder& StringBuilder::appendScalar(char32_t scalar) {
-  std::string bytes;
-  utf8::append(scalar, bytes);
-  return append(bytes);
+  return appendWritten(utf8::longest, [scalar](char* end) { return utf8::write(scalar, end); });
+}
+
+String StringBuilder::build() && {
+  // What was reserved in vain would stay with the text.
+  const bool isFilled = block_ && size_ >= capacity_ / 2;
+  if (!isFilled) return String::fromWellFormed(view());
+  block_->size = size_;
+  block_->isASCII = utf8::isASCII(view());
+  size_ = 0;
+  capacity_ = few;
+  bytes_ = fewBytes_;
+  return String(Ref<const String::Storage>(std::move(block_)));
+}
+
+/// The piece may be a part of the text itself.
+StringBuilder& StringBuilder::appendGrowing(std::string_view piece) {
+  const Ref<String::Block> before = block_;
+  grow(piece.size());
+  return append(piece);
 }
 
 void StringBuilder::grow(std::size_t bytes) {
-  const std::size_t capacity = std::max(size_ + bytes, 2 * capacity_);
-  auto larger = std::make_unique_for_overwrite<char[]>(capacity);
-  std::copy_n(text_, size_, larger.get());
-  long_ = std::move(larger);
-  text_ = long_.get();
+  const std::size_t capacity = std::max(size_ + bytes, capacity_ + capacity_ / 2);
+  Ref<String::Block> block = String::Block::allocated(capacity);
+  view().copy(block->bytes(), size_);
+  bytes_ = block->bytes();
   capacity_ = capacity;
+  block_ = std::move(block);
 }
 
 String decimal(Int number) {

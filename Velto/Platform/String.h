@@ -1,15 +1,12 @@
 // The one text type of the library.
 #pragma once
 
-#include <array>
 #include <atomic>
 #include <compare>
 #include <cstddef>
-#include <cstring>
 #include <functional>
 #include <initializer_list>
 #include <iosfwd>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -24,20 +21,35 @@ class String {
   friend class StringBuilder;
   friend class Value;
 
-  /// The bytes stand behind the object, or within those of the text that this is a slice of.
-  struct Storage final : Counted {
-    static Ref<const Storage> joining(std::initializer_list<std::string_view> pieces);
-    Storage(const char* text, std::size_t size, bool isASCII, Ref<const Storage> whole) noexcept;
-    static void operator delete(void* memory) { ::operator delete(memory); }
+  struct Storage : Counted {
+    Storage(const char* text, std::size_t size, bool isASCII, bool isBlock) noexcept
+        : isASCII(isASCII), isBlock(isBlock), text(text), size(size) {}
     /// It holds nothing deep: at most the text that it is a slice of, which is no slice.
     void dispose() const noexcept override { delete this; }
 
     bool isASCII;
+    bool isBlock;
     const char* text;
     std::size_t size;
     mutable std::atomic<std::size_t> hash = 0;  // 0 until it is asked for
-    Ref<const Storage> whole;
   };
+
+  /// The bytes stand behind the object, in the same piece of memory.
+  struct Block final : Storage {
+    static Ref<Block> allocated(std::size_t capacity);
+    static Ref<const Storage> holding(std::string_view text);
+    static Ref<const Storage> joining(std::initializer_list<std::string_view> pieces);
+    explicit Block(std::size_t capacity) noexcept;
+    static void operator delete(void* memory) { ::operator delete(memory); }
+    bool hasRoomFor(std::string_view piece) const noexcept { return piece.size() <= capacity - size; }
+    void append(std::string_view piece) noexcept;
+    char* bytes() noexcept { return reinterpret_cast<char*>(this + 1); }
+
+    std::size_t capacity;
+  };
+
+  /// The bytes are some of those of another text.
+  struct Slice;
 
  public:
   String() noexcept = default;
@@ -64,6 +76,10 @@ class String {
   /// The bytes from `offset` on, `length` of them, sharing the storage; both ends must be scalar boundaries.
   String slice(std::size_t offset, std::size_t length) const;
 
+  /// The text with `piece`, which must be well-formed, behind it. Where nobody else holds the text it grows in place,
+  /// with room for more of the same, so that a long text can be made of many pieces without being copied for each.
+  String appending(std::string_view piece) &&;
+
   Int characterCount() const noexcept;
   Int utf16Length() const noexcept;
   std::size_t hash() const noexcept {
@@ -76,17 +92,19 @@ class String {
   /// True when both are the same bytes in memory, so that a comparison of the texts isn't needed.
   bool isSameAs(const String& other) const noexcept { return storage_ == other.storage_; }
 
-  friend bool operator==(const String& left, const String& right) noexcept;
+  friend bool operator==(const String& left, const String& right) noexcept {
+    return left.isSameAs(right) || left.isEqual(right);
+  }
   friend std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
 
  private:
+  bool isEqual(const String& other) const noexcept;
   std::size_t findHash() const noexcept;
   explicit String(Ref<const Storage> storage) noexcept : storage_(std::move(storage)) {}
 
   Ref<const Storage> storage_;  // empty for the empty text
 };
 
-[[gnu::visibility("default")]] bool operator==(const String& left, const String& right) noexcept;
 [[gnu::visibility("default")]] std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
 
 template <typename Traits>
@@ -94,7 +112,8 @@ std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& s
   return stream << text.view();
 }
 
-/// Collects pieces of well-formed text. Most texts are short, and take no memory but their own.
+/// Collects pieces of well-formed text. A short text is collected within the builder and a longer one where it stays,
+/// so that `build` of a builder that isn't needed any more copies little or nothing.
 class StringBuilder {
  public:
   StringBuilder() noexcept {}
@@ -102,33 +121,46 @@ class StringBuilder {
   StringBuilder& operator=(const StringBuilder&) = delete;
 
   StringBuilder& append(std::string_view piece) {
-    reserve(piece.size());
-    if (!piece.empty()) std::memcpy(text_ + size_, piece.data(), piece.size());
+    if (piece.size() > capacity_ - size_) return appendGrowing(piece);
+    piece.copy(bytes_ + size_, piece.size());
     size_ += piece.size();
     return *this;
   }
   StringBuilder& append(char ascii) {
     reserve(1);
-    text_[size_++] = ascii;
+    bytes_[size_++] = ascii;
     return *this;
   }
   StringBuilder& appendScalar(char32_t scalar);
+  /// `write` gets the place behind the text, where `most` bytes fit, and gives the end of what it wrote there.
+  template <typename Write>
+  StringBuilder& appendWritten(std::size_t most, Write write) {
+    reserve(most);
+    size_ = static_cast<std::size_t>(write(bytes_ + size_) - bytes_);
+    return *this;
+  }
   /// Makes room for `bytes` more.
   void reserve(std::size_t bytes) {
     if (bytes > capacity_ - size_) grow(bytes);
   }
-  void clear() noexcept { size_ = 0; }
-  std::string_view view() const noexcept { return {text_, size_}; }
-  String build() const { return String::fromWellFormed(view()); }
+  void clear() noexcept { truncate(0); }
+  /// Drops all behind the first `size` bytes.
+  void truncate(std::size_t size) noexcept { size_ = size; }
+  std::string_view view() const noexcept { return {bytes_, size_}; }
+  String build() const& { return String::fromWellFormed(view()); }
+  String build() &&;
 
  private:
+  static constexpr std::size_t few = 224;
+
+  StringBuilder& appendGrowing(std::string_view piece);
   void grow(std::size_t bytes);
 
-  std::array<char, 200> short_;  // its bytes are set as they are needed
-  std::unique_ptr<char[]> long_;
-  char* text_ = short_.data();
   std::size_t size_ = 0;
-  std::size_t capacity_ = short_.size();
+  std::size_t capacity_ = few;
+  char* bytes_ = fewBytes_;
+  Ref<String::Block> block_;  // null while the text is short
+  char fewBytes_[few];        // set as they are needed
 };
 
 /// "12", "-3": decimal, without grouping.

@@ -16,6 +16,9 @@ String lowercased(const String& text);
 String uppercased(const String& text);
 void appendLowercased(std::string_view text, StringBuilder& result);
 void appendUppercased(std::string_view text, StringBuilder& result);
+/// The same by the tables of special cases, for any text.
+void appendLowercasedByContext(std::string_view text, StringBuilder& result);
+void appendUppercasedByContext(std::string_view text, StringBuilder& result);
 
 // ASCII is compared byte by byte, all else by the scalars of the canonically decomposed texts. `contains` of an empty
 // text is false.
@@ -36,6 +39,11 @@ bool isAlphanumeric(char32_t scalar) noexcept;         ///< general categories L
 bool isWhitespaceOrNewline(char32_t scalar) noexcept;  ///< general category Z, U+000A to U+000D, U+0085; no tab
 bool isUppercaseLetter(char32_t scalar) noexcept;      ///< general categories Lu and Lt
 bool isLowercaseLetter(char32_t scalar) noexcept;      ///< general category Ll
+
+enum class ScalarClass { none, whitespaceOrNewline, uppercaseLetter, lowercaseLetter, otherAlphanumeric };
+
+/// All of the above but `isLetter`, by one look into the tables.
+ScalarClass scalarClass(char32_t scalar) noexcept;
 
 /// Canonical equivalence of two well-formed texts.
 bool areEquivalent(std::string_view left, std::string_view right) noexcept;

@@ -1,8 +1,6 @@
 // Checking, mending and writing UTF-8.
 #include "Velto/Platform/Utf8.h"
 
-#include <unicode/utf8.h>
-
 namespace velto::utf8 {
 
 namespace {
@@ -44,13 +42,6 @@ bool step(std::string_view text, std::size_t& offset) noexcept {
 }
 
 }  // namespace
-
-void append(char32_t scalar, std::string& text) {
-  char bytes[U8_MAX_LENGTH];
-  std::size_t size = 0;
-  U8_APPEND_UNSAFE(bytes, size, scalar);
-  text.append(bytes, size);
-}
 
 std::size_t wellFormedPrefixLength(std::string_view text) noexcept {
   std::size_t offset = 0;

@@ -29,14 +29,22 @@ inline std::size_t asciiPrefixLength(std::string_view text) noexcept {
   return length;
 }
 
+/// The same for less than eight bytes. What is read twice does no harm.
+inline bool isShortASCII(std::string_view text) noexcept {
+  if (text.size() >= sizeof(std::uint32_t)) {
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
+    std::memcpy(&begin, text.data(), sizeof begin);
+    std::memcpy(&end, text.data() + text.size() - sizeof end, sizeof end);
+    return ((begin | end) & 0x8080'8080) == 0;
+  }
+  return text.empty() || (isASCII(text.front()) && isASCII(text[text.size() / 2]) && isASCII(text.back()));
+}
+
 inline bool isASCII(std::string_view text) noexcept {
   constexpr std::uint64_t highBits = 0x8080'8080'8080'8080;
   std::uint64_t word = 0;
-  if (text.size() < sizeof word) {
-    std::uint64_t bits = 0;
-    for (const char byte : text) bits |= static_cast<unsigned char>(byte);
-    return bits < 0x80;
-  }
+  if (text.size() < sizeof word) return isShortASCII(text);
   // The last word overlaps the one before it, so that no bytes are left over.
   std::uint64_t bits = 0;
   for (std::size_t offset = 0; offset + sizeof word <= text.size(); offset += sizeof word) {
@@ -70,7 +78,30 @@ inline std::size_t previousScalar(std::string_view text, std::size_t offset) noe
   return offset;
 }
 
-void append(char32_t scalar, std::string& text);
+/// How many bytes a scalar has at most.
+inline constexpr std::size_t longest = 4;
+
+/// Writes the scalar and gives the end of its bytes.
+inline char* write(char32_t scalar, char* end) noexcept {
+  const auto byte = [&](char32_t bits) { *end++ = static_cast<char>(bits); };
+  const auto continuation = [&](int shift) { byte(0x80 | (scalar >> shift & 0x3F)); };
+  if (scalar < 0x80) {
+    byte(scalar);
+  } else if (scalar < 0x800) {
+    byte(0xC0 | scalar >> 6);
+    continuation(0);
+  } else if (scalar < 0x10000) {
+    byte(0xE0 | scalar >> 12);
+    continuation(6);
+    continuation(0);
+  } else {
+    byte(0xF0 | scalar >> 18);
+    continuation(12);
+    continuation(6);
+    continuation(0);
+  }
+  return end;
+}
 
 /// How many bytes at the start are well-formed.
 std::size_t wellFormedPrefixLength(std::string_view text) noexcept;

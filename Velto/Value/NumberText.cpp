@@ -4,8 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 #include <optional>
+#include <utility>
 
 #include "Velto/Value/Value.h"
 
@@ -16,6 +16,59 @@ namespace {
 /// Whether "%g" prints the number as an integer, digit by digit. Minus zero is none: it prints its sign.
 bool isPlainInteger(double number) {
   return std::abs(number) < 1e6 && number == std::trunc(number) && !(number == 0 && std::signbit(number));
+}
+
+constexpr std::size_t longestInteger = 7;
+
+char* writeInteger(int number, char* end) {
+  return std::to_chars(end, end + longestInteger, number).ptr;
+}
+
+/// A number as six significant decimal digits, the last `decimals` of them behind the point.
+struct SixDigits {
+  int digits;
+  int decimals;
+};
+
+/// Nothing for what "%g" prints with an exponent, and where rounding is too close to call: what is multiplied here is
+/// off by less than a millionth of the last digit.
+std::optional<SixDigits> sixDigits(double magnitude) {
+  constexpr double powersOfTen[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+  constexpr double tooClose = 1e-6;
+  if (!(1e-4 <= magnitude && magnitude < 1e6)) return std::nullopt;
+  int decimals = 0;
+  while (magnitude * powersOfTen[decimals] < 1e5) ++decimals;
+  const double scaled = magnitude * powersOfTen[decimals];
+  const int below = static_cast<int>(scaled);
+  const double rest = scaled - below;
+  if (std::abs(rest - 0.5) < tooClose) return std::nullopt;
+  const int rounded = rest > 0.5 ? below + 1 : below;
+  if (rounded == 1'000'000) return std::nullopt;
+  return SixDigits{rounded, decimals};
+}
+
+SixDigits withoutTrailingZeros(SixDigits number) {
+  while (number.decimals > 0 && number.digits % 10 == 0) {
+    number.digits /= 10;
+    --number.decimals;
+  }
+  return number;
+}
+
+constexpr std::size_t longestFixed = 12;  // "-0.000123456" has that many characters
+
+char* writeFixed(bool isNegative, SixDigits number, char* end) {
+  if (isNegative) *end++ = '-';
+  int unit = 1;
+  for (int place = 0; place < number.decimals; ++place) unit *= 10;
+  end = writeInteger(number.digits / unit, end);
+  if (number.decimals == 0) return end;
+  *end++ = '.';
+  for (int rest = number.digits % unit; unit > 1; rest %= unit) {
+    unit /= 10;
+    *end++ = static_cast<char>('0' + rest / unit);
+  }
+  return end;
 }
 
 /// The C format "%g" with a number of significant digits, and without the sign of a NaN.
@@ -32,41 +85,27 @@ String withFraction(std::string text) {
   return text;
 }
 
-/// `digits` with a point before the last `decimals` of them, without zeros at the end.
-String decimalFraction(Int digits, int decimals) {
-  std::array<char, 16> text;
-  char* const end = text.data() + text.size();
-  char* begin = end;
-  char* last = end;
-  auto rest = static_cast<std::uint64_t>(digits < 0 ? -digits : digits);
-  for (int place = 0; place <= decimals || rest != 0; ++place, rest /= 10) {
-    if (place == decimals) *--begin = '.';
-    *--begin = static_cast<char>('0' + rest % 10);
-  }
-  if (digits < 0) *--begin = '-';
-  while (last[-1] == '0') --last;
-  return String::fromWellFormed({begin, last});
-}
-
-/// A number of up to four decimals that "%g" prints digit by digit, as most fractions are: 12.5, -0.0625. Nothing for
-/// all others. The quotient tells, since it is the float that is nearest to that decimal fraction.
-std::optional<String> plainFraction(double number) {
-  for (const double scale : {1e2, 1e4}) {
-    const double scaled = std::trunc(number * scale + std::copysign(0.5, number));
-    if (std::abs(scaled) >= 1e6) return std::nullopt;
-    if (scaled / scale == number && scaled != 0) {
-      return decimalFraction(static_cast<Int>(scaled), scale == 1e2 ? 2 : 4);
-    }
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 String numberDescription(double number) {
-  if (isPlainInteger(number)) return decimal(static_cast<Int>(number));
-  if (std::optional<String> text = plainFraction(number)) return *std::move(text);
-  return general(number, 6);
+  StringBuilder text;
+  appendNumberDescription(number, text);
+  return std::move(text).build();
+}
+
+void appendNumberDescription(double number, StringBuilder& text) {
+  if (isPlainInteger(number)) {
+    text.appendWritten(longestInteger, [&](char* end) { return writeInteger(static_cast<int>(number), end); });
+  } else if (const std::optional<SixDigits> fixed = sixDigits(std::abs(number))) {
+    const SixDigits digits = withoutTrailingZeros(*fixed);
+    text.appendWritten(longestFixed, [&](char* end) { return writeFixed(number < 0, digits, end); });
+  } else {
+    appendNumberDescriptionByHost(number, text);
+  }
+}
+
+void appendNumberDescriptionByHost(double number, StringBuilder& text) {
+  text.append(general(number, 6));
 }
 
 String hostDescription(double number) {

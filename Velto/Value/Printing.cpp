@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Velto/Value/Array.h"
+#include "Velto/Value/NumberText.h"
 
 namespace velto {
 
@@ -65,12 +66,12 @@ std::optional<Level> levelOf(const HostValue& host) {
   return std::nullopt;
 }
 
-String leafText(const Value& value, Form) {
-  return value.description();
+void appendLeaf(const Value& value, Form, StringBuilder& text) {
+  appendDescription(value, text);
 }
 
-String leafText(const HostValue& host, Form form) {
-  return form == Form::debug ? host.debugPrinted() : host.printed();
+void appendLeaf(const HostValue& host, Form form, StringBuilder& text) {
+  text.append(form == Form::debug ? host.debugPrinted() : host.printed());
 }
 
 class Printer {
@@ -78,7 +79,7 @@ class Printer {
   String print(const Level& outermost) {
     open(outermost);
     while (!levels_.empty()) step();
-    return text_.build();
+    return std::move(text_).build();
   }
 
  private:
@@ -105,7 +106,7 @@ class Printer {
     if (const std::optional<Level> level = levelOf(part)) {
       open(*level);
     } else {
-      text_.append(leafText(part, form));
+      appendLeaf(part, form, text_);
     }
   }
 
@@ -122,6 +123,16 @@ class Printer {
 
 String printed(const Contents& contents, Form form) {
   return Printer().print({contents, form});
+}
+
+void appendDescription(const Value& value, StringBuilder& text) {
+  if (const String* string = value.string()) {
+    text.append(*string);
+  } else if (const double* number = value.number()) {
+    appendNumberDescription(*number, text);
+  } else {
+    text.append(value.description());
+  }
 }
 
 String quoted(const String& text) {
@@ -148,7 +159,7 @@ String quoted(const String& text) {
         result.append({&byte, 1});
     }
   }
-  return result.append("\"").build();
+  return std::move(result.append("\"")).build();
 }
 
 String Array::objectDescription() const {

@@ -20,6 +20,9 @@ enum class Form { bare, debug };
 /// "[1, [2]]", "[a: 1]", "[:]"; arrays and dictionaries inside, at any depth, need no stack.
 String printed(const Contents& contents, Form form);
 
+/// Appends `value.description()` without making a text of it where there is none.
+void appendDescription(const Value& value, StringBuilder& text);
+
 /// The text in double quotes, with escapes.
 String quoted(const String& text);
 

@@ -114,6 +114,9 @@ class Value {
   /// Whether `value` may enter the interpreter: no array or dictionary of anything but values, at any depth.
   static bool verify(const Value& value);
 
+  /// Puts `piece`, which must be well-formed, behind the text that this must be; in place, if nobody else holds it.
+  void append(std::string_view piece) { string_ = std::move(string_).appending(piece); }
+
   /// The text that the language prints: numbers through "%g", strings bare.
   String description() const;
 

@@ -148,6 +148,18 @@ TEST(ArrayJoined, JoinsTheTextsOfTheElements) {
             Value("1.01anil"));
 }
 
+TEST(ArrayJoined, IsTheSameOneByOne) {
+  std::vector<Value> elements;
+  for (int number = 0; number < 200; ++number) {
+    const Value parts[] = {number / 3.0, "text", "\u00E9", true, nullptr, numbers(), Value(Array()), number};
+    elements.push_back(parts[number % 8]);
+    const Array array(elements);
+    for (const char* separator : {"", ", ", "\u00E9"}) {
+      ASSERT_EQ(callMember(Value(array), "joined", {separator}), Value(joinedOneByOne(array, separator)));
+    }
+  }
+}
+
 TEST(ArraySorted, OrdersByTheFunction) {
   EXPECT_EQ(callMember(numbers(), "sorted", {lessThan()}), Value::arrayLiteral({1, 2, 3}));
   EXPECT_EQ(callMember(mixed(), "sorted", {lessThan()}), Value::arrayLiteral({0, 1, 2, 3}));

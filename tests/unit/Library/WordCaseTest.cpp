@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Velto/Library/StringForms.h"
 #include "tests/unit/Value/Calls.h"
 
 namespace velto {
@@ -97,9 +98,8 @@ TEST(WordCase, AllSpellings) {
   }
 }
 
-/// All texts of up to `length` characters that matter to a spelling.
-std::vector<std::string> textsOfUpTo(std::size_t length) {
-  const std::string_view characters = "aB1 _-\t\r\n";
+/// All texts of up to `length` of the characters.
+std::vector<std::string> textsOfUpTo(std::size_t length, std::string_view characters) {
   std::vector<std::string> texts{""};
   for (std::size_t first = 0; texts[first].size() < length; ++first) {
     for (const char character : characters) texts.push_back(texts[first] + character);
@@ -108,10 +108,49 @@ std::vector<std::string> textsOfUpTo(std::size_t length) {
 }
 
 TEST(WordCase, TheShortWayForASCIIGivesTheSame) {
-  for (const std::string& text : textsOfUpTo(4)) {
+  for (const std::string& text : textsOfUpTo(4, "aB1 _-\t\r\n")) {
     EXPECT_EQ(lowerCamelCased(text), camelCasedByCharacters(text, false)) << text;
     EXPECT_EQ(upperCamelCased(text), camelCasedByCharacters(text, true)) << text;
     EXPECT_EQ(snakeCased(text), snakeCasedByCharacters(text)) << text;
+  }
+}
+
+TEST(WordCase, OfEveryASCIICharacterIsThatByCharacters) {
+  for (char character = 0; character >= 0 && character < 0x7F; ++character) {
+    for (const std::string_view before : {"", "a", "a ", "A", "1", "-"}) {
+      const String text = String::concatenation({before, {&character, 1}, "b"});
+      ASSERT_EQ(lowerCamelCased(text).view(), camelCasedByCharacters(text, false).view()) << text;
+      ASSERT_EQ(upperCamelCased(text).view(), camelCasedByCharacters(text, true).view()) << text;
+      ASSERT_EQ(snakeCased(text).view(), snakeCasedByCharacters(text).view()) << text;
+    }
+  }
+}
+
+TEST(WordCase, OfLongTextsKeepsAllOfThem) {
+  std::string text;
+  std::string camel = "word";
+  std::string snake = "word";
+  for (int word = 0; word < 1000; ++word) {
+    text += word == 0 ? "word" : " word";
+    if (word == 0) continue;
+    camel += "Word";
+    snake += "_word";
+  }
+  EXPECT_EQ(lowerCamelCased(text).view(), camel);
+  EXPECT_EQ(snakeCased(text).view(), snake);
+  EXPECT_EQ(snakeCased("a" + std::string(5000, '-') + "b").view(), "a_b");
+}
+
+TEST(Trimmed, OfASCIIIsThatByCharacters) {
+  for (const std::string& bytes : textsOfUpTo(5, "a \t\r\n")) {
+    const String text = bytes;
+    ASSERT_EQ(trimmed(text), trimmedByCharacters(text)) << text;
+  }
+}
+
+TEST(Escaped, OfASCIIIsThatByCharacters) {
+  for (const std::string& text : textsOfUpTo(5, "a\"\\\n\r\t")) {
+    ASSERT_EQ(escaped(text).view(), escapedByCharacters(text).view()) << text;
   }
 }
 

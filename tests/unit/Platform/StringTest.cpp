@@ -313,6 +313,102 @@ TEST(StringBuilder, CollectsPiecesCharactersAndScalars) {
   EXPECT_EQ(builder.build().view(), builder.view());
 }
 
+TEST(StringBuilder, KeepsTextsOfEveryLength) {
+  for (std::size_t size = 0; size < 2000; size = size * 9 / 8 + 1) {
+    StringBuilder builder;
+    std::string expected;
+    while (expected.size() < size) {
+      builder.append("\u00E9").append('x');
+      expected += "\u00E9x";
+    }
+    EXPECT_EQ(builder.build().view(), expected);
+    EXPECT_EQ(builder.view(), expected) << "a builder that goes on keeps its text";
+    EXPECT_EQ(std::move(builder).build().view(), expected);
+  }
+}
+
+TEST(StringBuilder, TakesAPartOfItsOwnText) {
+  StringBuilder builder;
+  builder.append("0123456789");
+  std::string expected = "0123456789";
+  for (int round = 0; round < 8; ++round) {
+    builder.append(builder.view());
+    expected += expected;
+    EXPECT_EQ(builder.view(), expected);
+  }
+}
+
+TEST(StringBuilder, CanBeUsedAgainAfterItsTextWasTaken) {
+  StringBuilder builder;
+  const std::string text(1000, 'x');
+  const String taken = std::move(builder.append(text)).build();
+  builder.clear();
+  builder.append("other");
+  EXPECT_EQ(taken.view(), text);
+  EXPECT_EQ(builder.build().view(), "other");
+}
+
+TEST(StringBuilder, LetsOthersWriteAndDropsWhatIsTooMuch) {
+  for (const std::size_t most : {5u, 5000u}) {
+    StringBuilder builder;
+    builder.append("a").appendWritten(most, [](char* end) { return std::fill_n(end, 5, 'b'); });
+    EXPECT_EQ(builder.view(), "abbbbb");
+    builder.truncate(3);
+    EXPECT_EQ(std::move(builder).build().view(), "abb");
+  }
+}
+
+TEST(StringBuilder, TellsASCIIByItsBytes) {
+  for (const std::size_t size : {1u, 500u}) {
+    StringBuilder builder;
+    EXPECT_TRUE(builder.append(std::string(size, 'x')).build().isASCII());
+    EXPECT_FALSE(std::move(builder.append("\u00E9")).build().isASCII());
+  }
+}
+
+TEST(StringAppending, IsConcatenation) {
+  for (const std::string_view text : {"", "a", "\u00E9", "0123456789"}) {
+    for (const std::string_view piece : {"", "b", "\u00E8", "abcdefghijklmnopqrstuvwxyz"}) {
+      const String expected = String::concatenation({text, piece});
+      const String appended = String(text).appending(piece);
+      EXPECT_EQ(appended.view(), expected.view());
+      EXPECT_EQ(appended.isASCII(), expected.isASCII());
+      EXPECT_EQ(appended.hash(), expected.hash());
+    }
+  }
+}
+
+TEST(StringAppending, GrowsInPlaceWhatNobodyElseHolds) {
+  String text("row");
+  std::string expected = "row";
+  int moves = 0;
+  for (Int number = 0; number < 10'000; ++number) {
+    const char* const before = text.view().data();
+    const std::size_t hashBefore = text.hash();
+    text = std::move(text).appending(decimal(number));
+    expected += decimal(number);
+    moves += text.view().data() != before;
+    ASSERT_NE(text.hash(), hashBefore);
+  }
+  EXPECT_EQ(text.view(), expected);
+  EXPECT_EQ(text.hash(), String(expected).hash());
+  EXPECT_LT(moves, 40);
+}
+
+TEST(StringAppending, LeavesAloneWhatOthersHold) {
+  String text = String("0123456789").appending("abc");
+  const String copy = text;
+  text = std::move(text).appending("d");
+  EXPECT_EQ(copy.view(), "0123456789abc");
+  EXPECT_EQ(text.view(), "0123456789abcd");
+  const String slice = text.slice(10, 4);
+  text = std::move(text).appending("e");
+  EXPECT_EQ(slice.view(), "abcd");
+  EXPECT_EQ(String(slice).appending("f").view(), "abcdf");
+  EXPECT_EQ(text.slice(0, 10).appending("-").view(), "0123456789-");
+  EXPECT_EQ(text.view(), "0123456789abcde");
+}
+
 TEST(Decimal, PrintsEveryInteger) {
   EXPECT_EQ(decimal(0).view(), "0");
   EXPECT_EQ(decimal(12).view(), "12");

@@ -79,6 +79,38 @@ TEST(CaseMapping, OfLongTextKeepsAllOfIt) {
   EXPECT_EQ(lowercased(text).view(), mapped);
 }
 
+String mapped(void (*append)(std::string_view, StringBuilder&), std::string_view text) {
+  StringBuilder result;
+  append(text, result);
+  return result.build();
+}
+
+void expectTheSameBothWays(std::string_view text) {
+  ASSERT_EQ(mapped(appendLowercased, text).view(), mapped(appendLowercasedByContext, text).view()) << text;
+  ASSERT_EQ(mapped(appendUppercased, text).view(), mapped(appendUppercasedByContext, text).view()) << text;
+}
+
+TEST(CaseMapping, OfOneScalarIsThatByContext) {
+  for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
+    if (scalar == 0xD800) scalar = 0xE000;
+    StringBuilder text;
+    expectTheSameBothWays(text.appendScalar(scalar).view());
+  }
+}
+
+TEST(CaseMapping, OfMixedTextsIsThatByContext) {
+  constexpr std::string_view pieces[] = {"a",      "I",      " ",      ".",      "\u0307", "\u0301",     "\u03A3",
+                                         "\u03C3", "\u03AC", "\u0390", "\u00DF", "\u0130", "\u0149",     "\u0416",
+                                         "\u0436", "\u65E5", "\u30A2", "\u3042", "\u0345", "\u1FB3",     "\uFB01",
+                                         "\uAC00", "\u00E9", "\u00C9", "J",      "\u012E", "\U00010400", "\u00AD"};
+  std::mt19937 generator(5);
+  for (int round = 0; round < 50'000; ++round) {
+    std::string text;
+    for (auto left = generator() % 7; left > 0; --left) text += pieces[generator() % std::size(pieces)];
+    expectTheSameBothWays(text);
+  }
+}
+
 TEST(Searches, OfASCIIGoByBytes) {
   EXPECT_TRUE(hasPrefix("abc", "ab"));
   EXPECT_FALSE(hasPrefix("abc", "bc"));
@@ -131,6 +163,17 @@ TEST(Classes, OfASCII) {
     EXPECT_EQ(isLetter(scalar), isUpper || isLower);
     EXPECT_EQ(isAlphanumeric(scalar), isUpper || isLower || isNumber);
     EXPECT_EQ(isWhitespaceOrNewline(scalar), scalar == ' ' || (0xA <= scalar && scalar <= 0xD));
+  }
+}
+
+TEST(Classes, AreToldTogetherAsTheyAreOneByOne) {
+  for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
+    const ScalarClass class_ = scalarClass(scalar);
+    ASSERT_EQ(class_ == ScalarClass::whitespaceOrNewline, isWhitespaceOrNewline(scalar));
+    ASSERT_EQ(class_ == ScalarClass::uppercaseLetter, isUppercaseLetter(scalar));
+    ASSERT_EQ(class_ == ScalarClass::lowercaseLetter, isLowercaseLetter(scalar));
+    const bool isAlphanumericClass = class_ >= ScalarClass::uppercaseLetter;
+    ASSERT_EQ(isAlphanumericClass, isAlphanumeric(scalar));
   }
 }
 

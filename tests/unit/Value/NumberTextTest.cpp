@@ -60,6 +60,38 @@ TEST(NumberDescription, IsThatOfCForRandomBits) {
   }
 }
 
+String descriptionByHost(double number) {
+  StringBuilder text;
+  appendNumberDescriptionByHost(number, text);
+  return text.build();
+}
+
+TEST(NumberDescription, IsThatOfTheHostForShortFractions) {
+  std::mt19937_64 generator(20240301);
+  constexpr double scales[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11};
+  for (int count = 0; count < 300'000; ++count) {
+    // Seven digits are half of the time exactly between two numbers of six, or next to it.
+    const double digits = static_cast<double>(generator() % 10'000'000 / 5 * 5);
+    const double number = digits / scales[generator() % std::size(scales)];
+    for (const double near : {number, std::nextafter(number, 0), std::nextafter(number, 1e9), -number}) {
+      ASSERT_EQ(numberDescription(near).view(), descriptionByHost(near).view()) << formatted("%a", near);
+    }
+  }
+}
+
+TEST(NumberDescription, IsThatOfTheHostWhereTheFormChanges) {
+  for (const double limit : {1e-5, 1e-4, 1e-3, 0.1, 1.0, 10.0, 1e5, 999999.0, 999999.5, 1e6}) {
+    double below = limit;
+    double above = limit;
+    for (int step = 0; step < 100; ++step) {
+      ASSERT_EQ(numberDescription(below).view(), descriptionByHost(below).view()) << formatted("%a", below);
+      ASSERT_EQ(numberDescription(above).view(), descriptionByHost(above).view()) << formatted("%a", above);
+      below = std::nextafter(below, 0);
+      above = std::nextafter(above, 1e9);
+    }
+  }
+}
+
 TEST(HostDescription, ShowsThatItIsAFloat) {
   struct Row {
     double number;
