@@ -190,6 +190,42 @@ TEST(JSONDocumentTest, TheShortWayForNumbersGivesTheSame) {
   }
 }
 
+TEST(JSONDocumentTest, FillsDictionariesAsOneEntryAfterTheOther) {
+  const std::vector<std::string> keys{"a",       "b",    "c",    "key", "\u00E9", "e\u0301", "", "a longer key",
+                                      "\\u0061", "k\\n", "\\\"", "d"};
+  std::mt19937 generator(20261121);
+  for (int round = 0; round < 3000; ++round) {
+    std::string text = "[";
+    std::vector<Dictionary> expected(1 + generator() % 3);
+    for (Dictionary& dictionary : expected) {
+      text += text.size() > 1 ? ",{" : "{";
+      const std::size_t count = generator() % 12;
+      for (std::size_t index = 0; index < count; ++index) {
+        const std::string& key = keys[generator() % keys.size()];
+        const std::string number = std::to_string(generator() % 1000);
+        text += (index > 0 ? ",\"" : "\"") + key + "\":" + number;
+        dictionary.set(*parseJSON("\"" + key + "\""), std::stoi(number));
+      }
+      text += "}";
+    }
+    const std::optional<Value> value = parseJSON(text + "]");
+    ASSERT_TRUE(value) << text;
+    for (std::size_t index = 0; index < expected.size(); ++index) {
+      EXPECT_EQ(value->array()->elements()[index].description(), Value(expected[index]).description()) << text;
+    }
+  }
+}
+
+TEST(JSONDocumentTest, KnowsAnExpectedKeyFromOneThatOnlyBeginsLikeIt) {
+  const auto read = [](const char* text) { return parseJSON(text)->description(); };
+  EXPECT_EQ(read(R"([{"a":1,"b":2},{"a":3,"bc":4},{"a":5,"b":6}])"),
+            String("[[a: 1, b: 2], [a: 3, bc: 4], [a: 5, b: 6]]"));
+  EXPECT_EQ(read(R"([{"a\"b":1},{"a\"b":2}])"), String("[[a\"b: 1], [a\"b: 2]]"));
+  EXPECT_FALSE(parseJSON(R"([{"a\"b":1},{"a"b":2}])"));
+  EXPECT_FALSE(parseJSON(R"([{"a":1},{"a"b":2}])"));
+  EXPECT_FALSE(parseJSON(R"([{"a":1},{"a)"));
+}
+
 TEST(JSONDocumentTest, SharesKeysWithThePrograms) {
   TextPool texts;
   const String known = texts.shared("known");

@@ -41,6 +41,31 @@ TEST(Dictionary, TextsAreFoundWhereverTheyStandInMemory) {
   }
 }
 
+TEST(Dictionary, ACopyIsFilledOnItsOwn) {
+  for (const int size : {3, 20}) {
+    Dictionary dictionary;
+    for (int number = 0; number < size; ++number) dictionary.add("key" + std::to_string(number), number);
+    Dictionary copy = dictionary;
+    copy.set("more", true);
+    EXPECT_EQ(dictionary.find("more"), nullptr);
+    EXPECT_NE(copy.find("more"), nullptr);
+    EXPECT_EQ(*copy.find("key2"), Value(2));
+    copy = dictionary;
+    EXPECT_EQ(Value(copy), Value(dictionary));
+  }
+}
+
+TEST(Dictionary, TextsStayFoundWhenOtherKeysCome) {
+  Dictionary dictionary;
+  dictionary.set("a", 1);
+  EXPECT_EQ(dictionary.find(Value(1)), nullptr);
+  dictionary.add(1, "one");
+  dictionary.set("b", 2);
+  EXPECT_EQ(*dictionary.find("a"), Value(1));
+  EXPECT_EQ(*dictionary.find(1), Value("one"));
+  EXPECT_EQ(*dictionary.findText("b"), Value(2));
+}
+
 TEST(Dictionary, KeysAreFoundByEquality) {
   Dictionary dictionary;
   dictionary.set(1, "one");
