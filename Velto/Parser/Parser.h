@@ -1,7 +1,6 @@
 // Tokens into statements, by recursive descent.
 #pragma once
 
-#include <algorithm>
 #include <initializer_list>
 #include <memory>
 #include <string_view>
@@ -37,7 +36,11 @@ class Parser {
   // Asked for every token several times.
   [[gnu::always_inline]] bool isAt(Types types) const noexcept {
     const Token* token = tokens_.current();
-    return token && std::find(types.begin(), types.end(), token->type) != types.end();
+    if (!token) return false;
+    for (const TokenType type : types) {
+      if (token->type == type) return true;
+    }
+    return false;
   }
   [[gnu::always_inline]] bool match(Types types) {
     if (!isAt(types)) return false;

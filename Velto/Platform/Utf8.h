@@ -21,6 +21,10 @@ constexpr bool isContinuation(char byte) noexcept {
 inline std::size_t asciiPrefixLength(std::string_view text) noexcept {
   constexpr std::uint64_t highBits = 0x8080'8080'8080'8080;
   std::size_t length = 0;
+  for (std::uint64_t words[4]; length + sizeof words <= text.size(); length += sizeof words) {
+    std::memcpy(words, text.data() + length, sizeof words);
+    if ((words[0] | words[1] | words[2] | words[3]) & highBits) break;
+  }
   for (std::uint64_t word; length + sizeof word <= text.size(); length += sizeof word) {
     std::memcpy(&word, text.data() + length, sizeof word);
     if (word & highBits) break;
