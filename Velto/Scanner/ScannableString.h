@@ -42,6 +42,11 @@ class ScannableString : public Scannable<ScannableString, Character> {
   /// Moves over one character and gives it; "\n" starts a new line. At the end it is a fatal stop.
   Character advance();
 
+  /// Moves over characters of one byte for which `isWanted` holds, up to one that may be of more, and gives them. It
+  /// must hold for ASCII without line ends at most.
+  template <typename IsWanted>
+  std::string_view skipPlain(const IsWanted& isWanted) noexcept;
+
   /// Moves over `text` if the rest begins with its characters. The line stays, whatever `text` holds.
   bool matchString(std::string_view text);
   bool peekMatchString(std::string_view text) const noexcept;
@@ -51,5 +56,18 @@ class ScannableString : public Scannable<ScannableString, Character> {
   /// Behind the characters of `text`, if the rest begins with them and there is a rest.
   std::optional<std::size_t> endOfPrefix(std::string_view text) const noexcept;
 };
+
+template <typename IsWanted>
+std::string_view ScannableString::skipPlain(const IsWanted& isWanted) noexcept {
+  const std::string_view text = string;
+  const std::size_t begin = index;
+  std::size_t end = begin;
+  while (end < text.size() && isWanted(text[end])) ++end;
+  const bool mayGoOn = end > begin && end < text.size() && static_cast<unsigned char>(text[end]) >= 0x80;
+  if (mayGoOn) --end;
+  index = end;
+  column += static_cast<Int>(end - begin);
+  return text.substr(begin, end - begin);
+}
 
 }  // namespace velto

@@ -15,6 +15,11 @@ char ascii(Character character) noexcept {
   return character == Character(";") ? ';' : '\0';
 }
 
+/// Whether the byte is a character that can stand within a word; there are others beyond ASCII.
+bool isPlainInWord(char byte) noexcept {
+  return ('a' <= byte && byte <= 'z') || ('A' <= byte && byte <= 'Z') || ('0' <= byte && byte <= '9') || byte == '_';
+}
+
 /// By the rules of the C locale: what is too large is infinite, what is too small is 0. Nothing if a digit carries a
 /// combining mark.
 std::optional<double> decimalValue(std::string_view text) noexcept {
@@ -174,6 +179,7 @@ void Scanner::scanDigits() {
 }
 
 void Scanner::scanWord() {
+  source_.skipPlain(isPlainInWord);
   while (source_.match([](Character character) { return character.isValidIdentifierContinuation(); })) {
   }
   const auto [entry, isNew] = words_.try_emplace(stepText(), Word{TokenType::identifier, String()});

@@ -3,12 +3,24 @@
 
 namespace velto {
 
+namespace {
+
+/// Whether the byte is a character that stands for itself.
+bool isOrdinary(char byte) noexcept {
+  return ' ' <= byte && byte <= '~' && byte != '"' && byte != '\\';
+}
+
+}  // namespace
+
 /// One piece of a literal: behind the opening quote, or behind the ")" of an interpolation, up to the closing quote or
 /// the next "\(".
 void Scanner::scanString() {
   if (!stringStart_) stringStart_ = cursor();
   StringBuilder piece;
-  while (const std::optional<Character> character = source_.current()) {
+  while (true) {
+    piece.append(source_.skipPlain(isOrdinary));
+    const std::optional<Character> character = source_.current();
+    if (!character) break;
     const std::string_view text = character->text();
     if (text == "\"") {
       source_.advance();

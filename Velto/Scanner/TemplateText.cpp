@@ -14,18 +14,6 @@ namespace {
 /// How far a step looks ahead, so that the way to the next tag is never searched over and over.
 constexpr std::size_t window = 1024;
 
-/// The end of the ASCII characters from `begin` on that certainly end before the text behind them begins: what comes
-/// next may combine with the last one.
-std::size_t endOfASCIICharacters(const String& string, std::size_t begin) noexcept {
-  const std::string_view text = string;
-  const std::size_t limit = std::min(text.size(), begin + window);
-  std::size_t end = string.isASCII() ? limit : begin + utf8::asciiPrefixLength(text.substr(begin, limit - begin));
-  if (end == text.size()) return end;
-  if (end > begin) --end;
-  if (end > begin && text[end - 1] == '\r') --end;
-  return end;
-}
-
 /// The first "<" from `begin` on that "%" follows, or `end`. Texts have fewer "%" than "<".
 std::size_t findTagOpening(std::string_view text, std::size_t begin, std::size_t end) noexcept {
   const std::size_t last = std::min(end + 1, text.size());
@@ -35,6 +23,18 @@ std::size_t findTagOpening(std::string_view text, std::size_t begin, std::size_t
     position = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
     if (text[position - 1] == '<') return position - 1;
   }
+  return end;
+}
+
+/// The end of the ASCII characters from `begin` on, or `end`.
+std::size_t endOfASCII(const String& string, std::size_t begin, std::size_t end) noexcept {
+  return string.isASCII() ? end : begin + utf8::asciiPrefixLength(string.view().substr(begin, end - begin));
+}
+
+/// Where the last character before `end` begins, if that may go on behind it.
+std::size_t withoutLastCharacter(std::string_view text, std::size_t begin, std::size_t end) noexcept {
+  if (end > begin) --end;
+  if (end > begin && text[end - 1] == '\r') --end;
   return end;
 }
 
@@ -93,8 +93,14 @@ void skipTemplateText(ScannableString& source) {
 }
 
 bool skipASCIITemplateText(ScannableString& source) noexcept {
+  const std::string_view text = source.string;
   const std::size_t begin = source.index;
-  const std::size_t end = findTagOpening(source.string, begin, endOfASCIICharacters(source.string, begin));
+  if (begin >= text.size() || !utf8::isASCII(text[begin])) return false;
+  const std::size_t limit = std::min(text.size(), begin + window);
+  const std::size_t tag = findTagOpening(text, begin, limit);
+  const std::size_t ascii = endOfASCII(source.string, begin, tag);
+  const bool isWhole = ascii == tag && (tag < limit || tag == text.size());
+  const std::size_t end = isWhole ? ascii : withoutLastCharacter(text, begin, ascii);
   if (end == begin) return false;
   skipASCII(source, end);
   return true;

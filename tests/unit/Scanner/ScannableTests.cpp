@@ -209,5 +209,25 @@ TEST(ScannableString, TellsWhatAWordIsMadeOf) {
   }
 }
 
+TEST(ScannableString, SkipsPlainCharactersAsByAdvancing) {
+  const auto isPlain = [](char byte) { return 'a' <= byte && byte <= 'z'; };
+  for (const char* text : {"", "ab", "ab1", "1ab", "ab\u0301c", "a\u0301", "ab\u00E9", "ab\n", "ab\r\nc", "\u0600ab"}) {
+    ScannableString fast{String(text)};
+    ScannableString plain{String(text)};
+    const auto moveByCharacters = [&](ScannableString& source) {
+      while (source.match(
+          [&](Character character) { return character.text().size() == 1 && isPlain(character.text().front()); })) {
+      }
+    };
+    const std::string_view skipped = fast.skipPlain(isPlain);
+    EXPECT_EQ(skipped, fast.string.view().substr(0, fast.index)) << text;
+    moveByCharacters(fast);  // over one that only might have been of more
+    moveByCharacters(plain);
+    EXPECT_EQ(fast.index, plain.index) << text;
+    EXPECT_EQ(fast.line, plain.line) << text;
+    EXPECT_EQ(fast.column, plain.column) << text;
+  }
+}
+
 }  // namespace
 }  // namespace velto
