@@ -1,5 +1,6 @@
 // The member table of strings.
 #include <algorithm>
+#include <cstring>
 #include <string_view>
 
 #include "Velto/Library/EqualsMember.h"
@@ -56,7 +57,10 @@ constexpr Member members[] = {
 /// Null if there is none.
 const Member* findMember(std::string_view name) noexcept {
   // One after the other: most differ by their length already, and so quicker than a search that has to compare.
-  const Member* member = std::ranges::find(members, name, &Member::name);
+  const auto isNamed = [name](const Member& member) {
+    return member.name.size() == name.size() && std::memcmp(member.name.data(), name.data(), name.size()) == 0;
+  };
+  const Member* member = std::ranges::find_if(members, isNamed);
   return member != std::end(members) ? member : nullptr;
 }
 
