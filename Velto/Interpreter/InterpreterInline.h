@@ -38,6 +38,18 @@ inline Value Interpreter::readVariable(const Token& name, const Uuid& id) {
   return lookUpVariable(name, local);
 }
 
+inline Value Interpreter::assign(const Assignment& node, Value value) {
+  const Local* const local = locals.find(node.id);
+  if (Value* const variable = local ? current().findInPlace(node.name.lexeme, *local) : nullptr) {
+    *variable = value;
+  } else if (local) {
+    current().assign(node.name, value, *local);
+  } else {
+    current().assign(node.name, value);
+  }
+  return value;
+}
+
 inline void Interpreter::popScope() noexcept {
   if (stack_.size() < 2) fatalError("The outermost scope can't be popped.");
   Ref<Environment> scope = std::move(stack_.back());

@@ -136,20 +136,9 @@ Value Interpreter::lookUpVariable(const Token& name, const Local* local) {
 }
 
 Value Interpreter::valueOf(const Assignment& node) {
-  if (const StringExpression* text = textThatGrows(node)) return grow(node, *text);
+  const bool mayGrow = node.value.kind() == ExpressionKinds::of<StringExpression>;
+  if (const StringExpression* text = mayGrow ? textThatGrows(node) : nullptr) return grow(node, *text);
   return assign(node, evaluate(node.value));
-}
-
-Value Interpreter::assign(const Assignment& node, Value value) {
-  const Local* local = locals.find(node.id);
-  if (Value* variable = local ? current().findInPlace(node.name.lexeme, *local) : nullptr) {
-    *variable = value;
-  } else if (local) {
-    current().assign(node.name, value, *local);
-  } else {
-    current().assign(node.name, value);
-  }
-  return value;
 }
 
 Value Interpreter::valueOf(const TypeCheck& node) {

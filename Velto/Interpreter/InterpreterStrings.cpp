@@ -42,7 +42,6 @@ void Interpreter::appendPieces(const StringExpression& node, std::size_t first, 
 
 /// The value of `text = "\(text)..."`, null for any other assignment.
 const StringExpression* Interpreter::textThatGrows(const Assignment& node) {
-  if (node.value.kind() != ExpressionKinds::of<StringExpression>) return nullptr;
   const auto& text = node.value.record<StringExpression>();
   if (text.interpolations.empty() || text.interpolations[0].position != 0) return nullptr;
   const Expression& beginning = text.interpolations[0].value;

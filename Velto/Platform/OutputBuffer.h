@@ -1,7 +1,6 @@
 // The buffer through which a thread writes to all its handles.
 #pragma once
 
-#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -33,7 +32,7 @@ class OutputBuffer final : public PendingOutput {
 
  private:
   void append(std::string_view bytes) noexcept {
-    std::memcpy(bytes_.get() + size_, bytes.data(), bytes.size());
+    bytes.copy(bytes_.get() + size_, bytes.size());
     size_ += bytes.size();
   }
   void writeElsewhere(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
