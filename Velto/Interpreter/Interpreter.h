@@ -145,7 +145,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value valueOf(const Subscript& node);
   Value valueOf(const Unary& node);
   Value valueOf(const Variable& node);
-  Value assign(const Assignment& node, Value value);
+  void store(const Assignment& node, const Value& value);
   void appendPieces(const StringExpression& node, std::size_t first, StringBuilder& text);
   static const StringExpression* textThatGrows(const Assignment& node);
   Value grow(const Assignment& node, const StringExpression& text);

@@ -38,7 +38,7 @@ inline Value Interpreter::readVariable(const Token& name, const Uuid& id) {
   return lookUpVariable(name, local);
 }
 
-inline Value Interpreter::assign(const Assignment& node, Value value) {
+[[gnu::always_inline]] inline void Interpreter::store(const Assignment& node, const Value& value) {
   const Local* const local = locals.find(node.id);
   if (Value* const variable = local ? current().findInPlace(node.name.lexeme, *local) : nullptr) {
     *variable = value;
@@ -47,7 +47,6 @@ inline Value Interpreter::assign(const Assignment& node, Value value) {
   } else {
     current().assign(node.name, value);
   }
-  return value;
 }
 
 inline void Interpreter::popScope() noexcept {

@@ -138,7 +138,9 @@ Value Interpreter::lookUpVariable(const Token& name, const Local* local) {
 Value Interpreter::valueOf(const Assignment& node) {
   const bool mayGrow = node.value.kind() == ExpressionKinds::of<StringExpression>;
   if (const StringExpression* text = mayGrow ? textThatGrows(node) : nullptr) return grow(node, *text);
-  return assign(node, evaluate(node.value));
+  Value value = evaluate(node.value);
+  store(node, value);
+  return value;
 }
 
 Value Interpreter::valueOf(const TypeCheck& node) {

@@ -58,14 +58,18 @@ Value Interpreter::grow(const Assignment& node, const StringExpression& text) {
   if (!before.string()) {
     appendDescription(before, rest);
     appendPieces(text, 1, rest);
-    return assign(node, std::move(rest).build());
+    Value value = std::move(rest).build();
+    store(node, value);
+    return value;
   }
   appendPieces(text, 1, rest);
   const Local* local = locals.find(node.id);
   Value* const variable = local ? current().findInPlace(node.name.lexeme, *local) : nullptr;
   const String* const present = variable ? variable->string() : nullptr;
   if (!present || !present->isSameAs(*before.string())) {
-    return assign(node, String::concatenation({*before.string(), rest.view()}));
+    Value value = String::concatenation({*before.string(), rest.view()});
+    store(node, value);
+    return value;
   }
   before = Value::nil();  // now the variable is the only holder, unless somebody else has the text
   variable->append(rest.view());

@@ -26,7 +26,7 @@ inline Value Value::uninitialized() noexcept {
   other.tag_ = Tag::nil;
 }
 
-inline Value& Value::operator=(const Value& other) noexcept {
+[[gnu::always_inline]] inline Value& Value::operator=(const Value& other) noexcept {
   return *this = Value(other);
 }
 
