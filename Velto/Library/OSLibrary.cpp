@@ -1,40 +1,12 @@
 // `copy` and `mkdir`.
 #include "Velto/Library/OSLibrary.h"
 
-#include <array>
-
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Platform/FileSystem.h"
 #include "Velto/Value/NativeFunctions.h"
 
 namespace velto {
 namespace {
-
-/// `copy(from: source, to: destination)`: the source goes from the base directory, the destination from the current
-/// one.
-class Copy final : public Callable {
- public:
-  String name() const override { return "copy"; }
-  std::span<const Label> labels() const noexcept override { return labels_; }
-
-  Value call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const override {
-    const String* const source = arguments[0].string();
-    const String* const destination = arguments[1].string();
-    if (!source || !destination) {
-      reportError(String::concatenation(
-          {"`copy` expects two strings, got '", arguments[0].description(), "', '", arguments[1].description(), "'."}));
-    }
-    const bool isAbsolute = source->view().starts_with('/');
-    const Url from = isAbsolute ? Url(*source) : interpreter.resolve(*source);
-    const Url to(*destination);
-    FileSystem& fileSystem = *interpreter.fileSystem();
-    fileSystem.createDirectory(to.deletingLastPathComponent());
-    return fileSystem.copy(from, to);
-  }
-
- private:
-  std::array<Label, 2> labels_ = {"from", "to"};
-};
 
 bool makeDirectory(const Value& path, FileSystem& fileSystem) {
   const String* const text = path.string();
@@ -49,6 +21,21 @@ void OSLibrary::load(Interpreter& interpreter) {
   };
   interpreter.globals().define("copy", makeRef<Copy>());
   interpreter.globals().define("mkdir", makeRef<Function1>("mkdir", mkdir));
+}
+
+Value Copy::call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const {
+  const String* const source = arguments[0].string();
+  const String* const destination = arguments[1].string();
+  if (!source || !destination) {
+    reportError(String::concatenation(
+        {"`copy` expects two strings, got '", arguments[0].description(), "', '", arguments[1].description(), "'."}));
+  }
+  const bool isAbsolute = source->view().starts_with('/');
+  const Url from = isAbsolute ? Url(*source) : interpreter.resolve(*source);
+  const Url to(*destination);
+  FileSystem& fileSystem = *interpreter.fileSystem();
+  fileSystem.createDirectory(to.deletingLastPathComponent());
+  return fileSystem.copy(from, to);
 }
 
 }  // namespace velto

@@ -8,7 +8,7 @@
 #include "Velto/Processor/ParseCache.h"
 #include "Velto/Value/Callable.h"
 
-namespace velto {
+namespace [[gnu::visibility("default")]] velto {
 
 /// Runs a template in the current interpreter and sends all that it prints to a destination.
 class Process final : public Callable {

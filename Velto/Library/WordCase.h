@@ -6,13 +6,13 @@
 #include "Velto/Platform/Character.h"
 #include "Velto/Platform/String.h"
 
-namespace velto {
+namespace [[gnu::visibility("default")]] velto {
 
 /// What a character means to the routines below.
 enum class CharacterType : std::uint8_t { space, uppercase, lowercase, other, invalid };
 
 /// By the first scalar alone. Digits are `other`, punctuation and symbols `invalid`, a tab too.
-CharacterType characterType(Character character);
+[[gnu::visibility("default")]] CharacterType characterType(Character character);
 
 /// "hello world" becomes "helloWorld". White space and a change from lowercase to uppercase begin a word; punctuation
 /// is dropped and begins none. What isn't a letter gets an underscore in front of it, and a text without a word is

@@ -148,6 +148,23 @@ void checkStages() {
   std::cout << "stages\n";
 }
 
+void checkFunctionsOfLibraries() {
+  const auto arityOf = [](const Ref<const Callable>& function) { return function->arity(); };
+  check(arityOf(makeRef<Print>()) == 1 && arityOf(makeRef<Execute>()) == 1 && arityOf(makeRef<MakeUUID>()) == 0,
+        "functions of the language's library");
+  check(makeRef<Process>()->name() == "process" && makeRef<Process>()->labels()[1] == Label("into"), "process");
+  check(makeRef<Copy>()->name() == "copy" && makeRef<Copy>()->labels()[0] == Label("from"), "copy");
+  check(CharacterSets::letters.contains(U'\u00E9') && !CharacterSets::letters.contains(U'1'), "letters");
+  check(CharacterSets::alphanumerics.contains(U'1') && !CharacterSets::alphanumerics.contains(U'_'), "alphanumerics");
+  check(CharacterSets::whitespacesAndNewlines.contains(U'\n') && !CharacterSets::whitespacesAndNewlines.contains(U'\t'),
+        "white space");
+  check(CharacterSets::uppercaseLetters.contains(U'A') && !CharacterSets::uppercaseLetters.contains(U'a'), "capitals");
+  check(CharacterSets::lowercaseLetters.contains(U'a') && !CharacterSets::lowercaseLetters.contains(U'A'),
+        "small letters");
+  check(characterType("x") == CharacterType::lowercase, "the type of a character");
+  std::cout << "libraries\n";
+}
+
 void checkErrors() {
   try {
     Scanner("<%# never closed", std::make_shared<ArrayLogger>()).scanTokens();
@@ -178,5 +195,6 @@ int main() {
   checkObjects();
   checkFunctions();
   checkStages();
+  checkFunctionsOfLibraries();
   checkErrors();
 }
