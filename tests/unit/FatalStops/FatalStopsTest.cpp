@@ -143,5 +143,16 @@ TEST(ObjectsInComparisons, TellAtTheOperatorWhichSideIsOfAnotherType) {
                                     "main.velto:1:3...1:5: error: Left-hand side is not 'Comparing'."}));
 }
 
+struct Opaque {};
+
+TEST(HostArrays, FailInMapAtTheCallWithItsTrail) {
+  test::TestHost host;
+  const Value opaque = makeRef<HostArray>(std::vector<HostValue>{HostValue(Opaque())});
+  host.processor.globals["opaque"] = makeRef<Function0>("opaque", [opaque] { return opaque; })->asValue();
+  host.run("func f(_ x) return x end opaque().map(f)");
+  EXPECT_EQ(host.messages(), (Lines{"main.velto:1:38...1:39: error: `map` found invalid value 'Opaque'.",
+                                    "main.velto:1:26...1:41: info: map(<callable arity 1>) called here"}));
+}
+
 }  // namespace
 }  // namespace velto
