@@ -115,6 +115,7 @@ TEST_F(CommandTest, TellsWhatIsWrong) {
   EXPECT_EQ(reason({"run", "--data", "x", "main.velto"}), "velto: --data: expected NAME=FILE, got 'x'");
   EXPECT_EQ(reason({"check", "\xFF"}), "velto: an argument isn't valid UTF-8");
   EXPECT_EQ(reason({"check"}), "velto: FILE is required");
+  EXPECT_EQ(reason({"chekc", "a.velto"}), "velto: there is no command 'chekc'");
   EXPECT_EQ(reason({"check", "a", "-b"}), "velto: The following argument was not expected: -b");
 }
 

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <new>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "Arguments.h"
@@ -19,6 +20,14 @@ bool areWellFormed(Arguments arguments) {
   return std::ranges::all_of(arguments, [](const char* argument) { return velto::String::isWellFormed(argument); });
 }
 
+/// The first argument where a command should be, and none is; empty if there is nothing to complain of.
+std::string_view wordInsteadOfCommand(const CLI::App& app, Arguments arguments) {
+  const std::string_view word = arguments.size() > 1 ? arguments[1] : "";
+  const auto commands = app.get_subcommands(nullptr);
+  const auto isNamed = [&](const CLI::App* command) { return command->get_name() == word; };
+  return word.starts_with('-') || std::ranges::any_of(commands, isNamed) ? std::string_view() : word;
+}
+
 int refuse(const CLI::App& app, std::string_view reason) {
   std::cerr << "velto: " << reason << "\n\n" << app.help();
   return command::wrongCommandLine;
@@ -30,6 +39,9 @@ int runCommand(Arguments arguments) {
   command::addCommands(app, work);
   app.set_version_flag("--version", VeltoVersionString);
   if (!areWellFormed(arguments)) return refuse(app, "an argument isn't valid UTF-8");
+  if (const std::string_view word = wordInsteadOfCommand(app, arguments); !word.empty()) {
+    return refuse(app, "there is no command '" + std::string(word) + "'");
+  }
   try {
     std::vector<std::string> prepared = command::preparedArguments(app, arguments);
     std::ranges::reverse(prepared);
