@@ -54,7 +54,7 @@ class Environment final : public WeaklyCounted {
   }
   Value* find(const String& name) noexcept { return const_cast<Value*>(std::as_const(*this).find(name)); }
   /// The variable that `local` tells if it stands where it stood when it was last looked up; else null.
-  const Value* findInPlace(const String& name, const Local& local) const noexcept {
+  [[gnu::always_inline]] const Value* findInPlace(const String& name, const Local& local) const noexcept {
     const Environment* scope = this;
     for (Int depth = local.depth; depth != 0; --depth) {
       scope = scope->enclosing();
@@ -62,7 +62,7 @@ class Environment final : public WeaklyCounted {
     }
     return scope->values.findAt(local.place, name);
   }
-  Value* findInPlace(const String& name, const Local& local) noexcept {
+  [[gnu::always_inline]] Value* findInPlace(const String& name, const Local& local) noexcept {
     return const_cast<Value*>(std::as_const(*this).findInPlace(name, local));
   }
 

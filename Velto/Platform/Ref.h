@@ -173,7 +173,10 @@ class WeakRef {
     if (pointer_) pointer_->unobserve();
   }
 
-  T* get() const noexcept { return pointer_ && pointer_->isAlive() ? pointer_ : nullptr; }
+  T* get() const noexcept {
+    T* const pointer = pointer_;
+    return pointer && pointer->isAlive() ? pointer : nullptr;
+  }
 
   void observeInstead(T* pointer) noexcept {
     if (pointer) pointer->observe();
