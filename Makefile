@@ -11,7 +11,9 @@ build: dependencies
 	cmake --build --preset release -j $(JOBS)
 
 # Generates a tree of source files from a model and shows it.
-demo: build
+demo: dependencies
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target velto_command
 	rm -rf build/demo
 	build/release/bin/velto run --output build/demo examples/entities/generate.velto
 	@scripts/show-tree build/demo cpp/library/Author.h
