@@ -23,8 +23,8 @@ void Bindings::set(const String& name, Value value) {
 void Bindings::removeAll() noexcept {
   // One by one, and whole in between: what goes with a value may look at this scope, or even add to it.
   while (!bindings_.empty()) {
-    table_.clear();
-    const Binding doomed = std::move(bindings_.back());
+    if (hasTable()) table_.clear();
+    const Value doomed = std::move(bindings_.back().value);
     bindings_.pop_back();
   }
   filter_ = 0;

@@ -33,7 +33,7 @@ class Bindings {
     return found ? &found->value : nullptr;
   }
   /// The value at `place` if this very name stands there. A look, and no search.
-  const Value* findAt(std::uint32_t place, const String& name) const noexcept {
+  [[gnu::always_inline]] const Value* findAt(std::uint32_t place, const String& name) const noexcept {
     const Binding* const binding = bindings_.data() + place;
     const bool isThere = binding < bindings_.data() + bindings_.size() && binding->name.isSameAs(name);
     return isThere ? &binding->value : nullptr;
@@ -59,6 +59,9 @@ class Bindings {
   void clear() noexcept {
     if (!bindings_.empty()) removeAll();
   }
+
+  /// Whether there are so many names that a table helps to find them.
+  bool hasTable() const noexcept { return !table_.empty(); }
 
   std::span<const Binding> bindings() const noexcept { return bindings_; }
   std::size_t size() const noexcept { return bindings_.size(); }

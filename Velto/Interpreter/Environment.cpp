@@ -5,11 +5,18 @@
 
 namespace velto {
 
+constinit const Environment Environment::nowhere;
+
 Environment::Environment(std::shared_ptr<Logger> logger) : Environment(nullptr, std::move(logger)) {
 }
 
 Environment::Environment(Environment* enclosing, std::shared_ptr<Logger> logger)
-    : logger_(std::move(logger)), enclosing_(enclosing) {
+    : logger_(std::move(logger)), enclosing_(enclosing ? enclosing : outside()), isObserving_(enclosing != nullptr) {
+  if (enclosing) enclosing->observe();
+}
+
+Environment::~Environment() {
+  letGoOfEnclosing();
 }
 
 void Environment::define(const String& name, Value value) {
@@ -57,6 +64,12 @@ std::optional<Value> Environment::get(const String& name) const {
 
 void Environment::clear() noexcept {
   values.clear();
+  letGoOfEnclosing();
+}
+
+void Environment::letGoOfEnclosing() noexcept {
+  const Environment* const enclosing = std::exchange(enclosing_, outside());
+  if (std::exchange(isObserving_, false)) enclosing->unobserve();
 }
 
 Environment& Environment::ancestor(Int depth) const {

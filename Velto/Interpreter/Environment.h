@@ -20,10 +20,11 @@ class Environment final : public WeaklyCounted {
  public:
   explicit Environment(std::shared_ptr<Logger> logger);
   Environment(Environment* enclosing, std::shared_ptr<Logger> logger);
+  ~Environment() override;
 
   const std::shared_ptr<Logger>& logger() const noexcept { return logger_; }
   /// Null in the outermost scope and when the outer scope has died.
-  Environment* enclosing() const noexcept { return enclosing_.get(); }
+  Environment* enclosing() const noexcept { return enclosing_->isAlive() ? enclosing_ : nullptr; }
 
   /// The names of this scope. A name is defined if it stands here, whatever its value.
   Bindings values;
@@ -56,10 +57,7 @@ class Environment final : public WeaklyCounted {
   /// The variable that `local` tells if it stands where it stood when it was last looked up; else null.
   [[gnu::always_inline]] const Value* findInPlace(const String& name, const Local& local) const noexcept {
     const Environment* scope = this;
-    for (Int depth = local.depth; depth != 0; --depth) {
-      scope = scope->enclosing();
-      if (!scope) return nullptr;
-    }
+    for (Int depth = local.depth; depth != 0; --depth) scope = scope->enclosing_;
     return scope->values.findAt(local.place, name);
   }
   [[gnu::always_inline]] Value* findInPlace(const String& name, const Local& local) noexcept {
@@ -69,12 +67,23 @@ class Environment final : public WeaklyCounted {
  private:
   friend class ScopePool;
 
+  /// Makes `nowhere`.
+  constexpr Environment() noexcept : enclosing_(this), isObserving_(false) {}
+
+  static const Environment nowhere;
+  /// What a link that leads nowhere points to. Nothing is ever written there.
+  static Environment* outside() noexcept { return const_cast<Environment*>(&nowhere); }
+
   void clear() noexcept override;
+  void letGoOfEnclosing() noexcept;
   Environment& ancestor(Int depth) const;
   [[noreturn]] void failUndefined(const Token& name) const;
 
   std::shared_ptr<Logger> logger_;
-  WeakRef<Environment> enclosing_;
+  /// Never null: where no scope lies around, as around one that has died, it is `nowhere`, which never lives, has no
+  /// names and lies within itself. So a walk of any length needs no questions on its way.
+  Environment* enclosing_;
+  bool isObserving_;            // whether `enclosing_` counts this among its observers; else it outlives this anyway
   Ref<Environment> nextSpare_;  // while this waits to be used again
 };
 

@@ -1,7 +1,5 @@
 #include "Velto/Interpreter/Function.h"
 
-#include <algorithm>
-
 #include "Velto/Interpreter/Interpreter.h"
 
 namespace velto {
@@ -22,18 +20,11 @@ Labels labelsOf(const FunctionDeclaration& declaration) {
 
 Function::Function(FunctionDeclaration declaration, Ref<Environment> closure)
     : declaration_(std::move(declaration)), labels_(labelsOf(declaration_)), closure_(std::move(closure)) {
+  isDeclared_ = true;
 }
 
 Value Function::call(Interpreter& interpreter, Arguments arguments, const ReportError&) const {
-  // The scope hangs on the declaring scope, not on the caller's.
-  Ref<Environment> environment = interpreter.makeScope(closure_.get());
-  const std::size_t count = std::min(declaration_.parameters.size(), arguments.size());
-  for (std::size_t index = 0; index < count; ++index) {
-    const Token& name = declaration_.parameters[index].name;
-    if (!environment->values.add(name.lexeme, arguments[index])) environment->define(name, arguments[index]);
-  }
-  interpreter.executeBlock(declaration_.body, std::move(environment));
-  return interpreter.takeReturnValue();
+  return interpreter.run(*this, arguments);
 }
 
 String Function::description() const {

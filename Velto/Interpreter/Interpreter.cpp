@@ -25,6 +25,7 @@ Interpreter::Interpreter(std::optional<Url> baseURL, std::shared_ptr<Logger> log
 }
 
 Interpreter::~Interpreter() {
+  while (stack_.size() > 1) popScope();
   globals_->values.clear();  // its functions hold it
 }
 
@@ -107,45 +108,10 @@ Url Interpreter::resolve(const String& path) const {
   return baseURL_ ? baseURL_->appendingPathComponent(path) : Url(path);
 }
 
-/// The same as `statement.accept(*this)`, without the two virtual calls.
-void Interpreter::execute(const Statement& statement) {
-  switch (statement.kind()) {
-    case StatementKinds::of<Break>:
-      return visitBreak(statement.record<Break>());
-    case StatementKinds::of<Case>:
-      return visitCase(statement.record<Case>());
-    case StatementKinds::of<Continue>:
-      return visitContinue(statement.record<Continue>());
-    case StatementKinds::of<ExpressionBlock>:
-      return visitExpressionBlock(statement.record<ExpressionBlock>());
-    case StatementKinds::of<ExpressionStatement>:
-      return visitExpressionStatement(statement.record<ExpressionStatement>());
-    case StatementKinds::of<For>:
-      return visitFor(statement.record<For>());
-    case StatementKinds::of<FunctionDeclaration>:
-      return visitFunctionDeclaration(statement.record<FunctionDeclaration>());
-    case StatementKinds::of<If>:
-      return visitIf(statement.record<If>());
-    case StatementKinds::of<Include>:
-      return visitInclude(statement.record<Include>());
-    case StatementKinds::of<Return>:
-      return visitReturn(statement.record<Return>());
-    case StatementKinds::of<Switch>:
-      return visitSwitch(statement.record<Switch>());
-    case StatementKinds::of<VariableDeclaration>:
-      return visitVariableDeclaration(statement.record<VariableDeclaration>());
-    case StatementKinds::of<Verbatim>:
-      return visitVerbatim(statement.record<Verbatim>());
-    case StatementKinds::of<While>:
-      return visitWhile(statement.record<While>());
-    default:
-      return statement.accept(*this);
-  }
-}
-
 /// What a visit would leave in `lastResult_`, without the visit where the kind is one of the language's.
 Value Interpreter::evaluateNode(const Expression& expression) {
-  if (guard_.isExhausted()) failExhausted(expression.range());
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(expression.range());
   switch (expression.kind()) {
     case ExpressionKinds::of<ArrayLiteral>:
       return valueOf(expression.record<ArrayLiteral>());
@@ -187,6 +153,10 @@ void Interpreter::failExhausted(const Range& range) {
   fail(range, "Stack exhausted.");
 }
 
+void Interpreter::failExhausted(const Statements& statements) {
+  if (!statements.empty()) failExhausted(statements.front().range());
+}
+
 Value Interpreter::visited(const Expression& expression) {
   expression.accept(*this);
   if (!lastResult_) fatalError("Evaluation did not produce a value.");
@@ -196,36 +166,22 @@ Value Interpreter::visited(const Expression& expression) {
 }
 
 void Interpreter::executeBlock(const Statements& statements) {
-  executeBlock(statements, makeScope(stack_.back().get()));
-}
-
-void Interpreter::executeBlock(const Statements& statements, Ref<Environment> environment) {
-  const ScopeGuard scope(*this, std::move(environment));
+  const ScopeGuard scope(*this);
   executeList(statements);
 }
 
-void Interpreter::executeList(const Statements& statements) {
-  if (guard_.isExhausted() && !statements.empty()) failExhausted(statements.front().range());
-  for (const Statement& statement : statements) {
-    execute(statement);
-    if (jumps_.areAny()) return;
-  }
+void Interpreter::pushFurtherScope(Ref<Environment> scope) {
+  stack_.push_back(std::move(scope));
 }
 
-/// Makes the current scope as good as new. Where somebody else holds it, there has to be another one.
-void Interpreter::renewScope() {
-  Environment& scope = current();
-  if (scope.holderCount() == 1 && !scope.isObserved()) {
-    scope.values.clear();
-  } else {
-    popEnvironment();
-    pushEnvironment();
-  }
+void Interpreter::replaceScope() {
+  popScope();
+  pushScope(makeScope(stack_.back().get()));
 }
 
-Value Interpreter::takeReturnValue() {
-  if (!jumps_.take(Jumps::Kind::return_)) return Value::nil();
-  return std::exchange(returnValue_, Value::nil());
+void Interpreter::leaveToSurvive(Ref<Environment> scope) noexcept {
+  ScopePool::release(*scope);
+  survivors_.leave(std::move(scope));
 }
 
 void Interpreter::fail(const Range& range, String message) {
@@ -246,6 +202,7 @@ void Interpreter::visitExpressionBlock(const ExpressionBlock& node) {
 }
 
 void Interpreter::visitExpressionStatement(const ExpressionStatement& node) {
+  if (node.expression.kind() == ExpressionKinds::of<Assignment>) return assign(node.expression.record<Assignment>());
   evaluate(node.expression);
 }
 

@@ -115,19 +115,21 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   [[gnu::noinline]] Value visited(const Expression& expression);
   void finish(Value result) { lastResult_ = std::move(result); }
   void executeBlock(const Statements& statements);
-  void executeBlock(const Statements& statements, Ref<Environment> environment);
   void executeList(const Statements& statements);
-  Value takeReturnValue();
   void interpretStatement(const Statement& statement);
   void reportStrayTokens();
   void reportStray(Jumps::Kind kind, std::string_view message);
   Environment& current() noexcept { return *stack_.back(); }
-  void pushScope(Ref<Environment> scope) { stack_.push_back(std::move(scope)); }
+  void pushScope(Ref<Environment> scope);
+  [[gnu::noinline]] void pushFurtherScope(Ref<Environment> scope);
   void popScope() noexcept;
+  [[gnu::noinline]] void leaveToSurvive(Ref<Environment> scope) noexcept;
   void renewScope();
+  [[gnu::noinline]] void replaceScope();
   Ref<Environment> makeScope(Environment* enclosing) { return scopes_.make(enclosing); }
   [[noreturn]] void fail(const Range& range, String message);
   [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const Range& range);
+  [[gnu::cold, gnu::noinline]] void failExhausted(const Statements& statements);
 
   // What each kind of expression evaluates to
   Value valueOf(const ArrayLiteral& node);
@@ -145,9 +147,12 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value valueOf(const Subscript& node);
   Value valueOf(const Unary& node);
   Value valueOf(const Variable& node);
-  void store(const Assignment& node, const Value& value);
+  Value valueOf(const Return& node);
+  void assign(const Assignment& node);
+  void store(const Assignment& node, Value value);
   void appendPieces(const StringExpression& node, std::size_t first, StringBuilder& text);
   static const StringExpression* textThatGrows(const Assignment& node);
+  static const StringExpression* beginningWithItself(const Assignment& node);
   Value grow(const Assignment& node, const StringExpression& text);
 
   // InterpreterOperators.cpp: operators, literals, variables and assignment
@@ -155,10 +160,12 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   bool areEqual(const Value& left, const Value& right, const Range& range);
   bool callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range);
   Value calculate(const Token& operator_, double left, double right);
-  Value makeIntegerRange(const Token& operator_, double lower, double upper);
+  [[gnu::noinline]] Value makeIntegerRange(const Token& operator_, double lower, double upper);
   bool evaluateOperand(const Expression& operand, const Token& operator_);
   const Value* findVariable(const Token& name, const Uuid& id) noexcept;
   Value readVariable(const Token& name, const Uuid& id);
+  const double* findNumber(const Expression& expression) noexcept;
+  [[gnu::noinline]] Value combine(const Binary& node);
   Value lookUpVariable(const Token& name, const Local* local);
   Value evaluateKey(const Expression& key, const Range& range);
 
@@ -171,14 +178,21 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   // InterpreterCalls.cpp: calls and function declarations
   Value callMember(const Call& node, const Member& member);
   Value call(const Call& node, const Value& callee);
-  template <typename ArgumentValues>
-  void evaluateArguments(const Call& node, const Callable& callable, ArgumentValues& arguments);
+  template <typename Callee>
+  Value call(const Call& node, const Callee& callee);
+  template <typename Values, typename Callee>
+  Value call(const Call& node, const Callee& callee, std::span<const Label> labels);
+  [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
+  Value run(const Function& function, Arguments arguments);
+  Value executeBody(const Statements& body);
+  Value takeReturnValue();
   void checkLabel(const Label& expected, const Call::Argument& argument);
 
   // InterpreterBranches.cpp: branches, loops and includes
   bool evaluateCondition(const Expression& condition);
   bool executeBranch(const IfBranch& branch);
   bool executeLoopBody(const Statements& body);
+  [[gnu::noinline]] bool takeLoopJumps();
   void iterate(const For& node, const Value& sequence);
   void assignLoopVariable(const Token& name, std::uint32_t place, Value value);
   void iterateIntegers(const For& node, const Token& name, Int lower, Int upper);

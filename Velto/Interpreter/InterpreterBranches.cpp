@@ -13,6 +13,18 @@
 
 namespace velto {
 
+[[gnu::always_inline]] inline bool Interpreter::evaluateCondition(const Expression& condition) {
+  const Value value = evaluate(condition);
+  if (!value.boolean()) fail(condition.range(), "Condition must evaluate to a boolean value.");
+  return *value.boolean();
+}
+
+[[gnu::always_inline]] inline bool Interpreter::executeBranch(const IfBranch& branch) {
+  if (branch.condition && !evaluateCondition(*branch.condition)) return false;
+  executeBlock(branch.statements);
+  return true;
+}
+
 void Interpreter::visitIf(const If& node) {
   if (executeBranch(node.mainBranch)) return;
   for (const IfBranch& branch : node.elseIfBranches) {
@@ -21,16 +33,11 @@ void Interpreter::visitIf(const If& node) {
   if (node.elseBranch) executeBranch(*node.elseBranch);
 }
 
-bool Interpreter::executeBranch(const IfBranch& branch) {
-  if (branch.condition && !evaluateCondition(*branch.condition)) return false;
-  executeBlock(branch.statements);
-  return true;
-}
-
-bool Interpreter::evaluateCondition(const Expression& condition) {
-  const Value value = evaluate(condition);
-  if (!value.boolean()) fail(condition.range(), "Condition must evaluate to a boolean value.");
-  return *value.boolean();
+/// Runs the body once, in the current scope, which it leaves as good as new; false when the loop has to end.
+[[gnu::always_inline]] inline bool Interpreter::executeLoopBody(const Statements& body) {
+  executeList(body);
+  renewScope();
+  return !jumps_.areAny() || takeLoopJumps();
 }
 
 void Interpreter::visitWhile(const While& node) {
@@ -40,11 +47,8 @@ void Interpreter::visitWhile(const While& node) {
   }
 }
 
-/// Runs the body once, in the current scope, which it leaves as good as new; false when the loop has to end.
-bool Interpreter::executeLoopBody(const Statements& body) {
-  executeList(body);
-  renewScope();
-  if (!jumps_.areAny()) return true;
+/// False if one of them ends the loop.
+bool Interpreter::takeLoopJumps() {
   if (jumps_.take(Jumps::Kind::break_)) return false;
   jumps_.take(Jumps::Kind::continue_);
   return !jumps_.has(Jumps::Kind::return_);
@@ -73,6 +77,18 @@ void Interpreter::iterate(const For& node, const Value& sequence) {
   }
 }
 
+/// The scope of the loop lies around that of the body, which is the current one. The variable stands there at `place`,
+/// unless a host has changed the scope.
+[[gnu::always_inline]] inline void Interpreter::assignLoopVariable(const Token& name, std::uint32_t place,
+                                                                   Value value) {
+  Environment& loop = *stack_[stack_.size() - 2];
+  if (Value* variable = loop.values.findAt(place, name.lexeme)) {
+    *variable = std::move(value);
+  } else {
+    loop.assign(name, std::move(value));
+  }
+}
+
 void Interpreter::iterateIntegers(const For& node, const Token& name, Int lower, Int upper) {
   const ScopeGuard body(*this);
   for (Int number = lower; number < upper; ++number) {
@@ -86,17 +102,6 @@ void Interpreter::iterateArray(const For& node, const Token& name, const Array& 
   for (const Value& element : array.elements()) {
     assignLoopVariable(name, 0, element);
     if (!executeLoopBody(node.body)) return;
-  }
-}
-
-/// The scope of the loop lies around that of the body, which is the current one. The variable stands there at `place`,
-/// unless a host has changed the scope.
-void Interpreter::assignLoopVariable(const Token& name, std::uint32_t place, Value value) {
-  Environment& loop = *stack_[stack_.size() - 2];
-  if (Value* variable = loop.values.findAt(place, name.lexeme)) {
-    *variable = std::move(value);
-  } else {
-    loop.assign(name, std::move(value));
   }
 }
 
@@ -160,7 +165,7 @@ const Url& Interpreter::resolveInclude(const String& path) {
 }
 
 void Interpreter::visitReturn(const Return& node) {
-  Value value = node.value ? evaluate(*node.value) : Value::nil();
+  Value value = valueOf(node);
   jumps_.set(Jumps::Kind::return_, node.keyword.range);
   returnValue_ = std::move(value);
 }

@@ -1,16 +1,59 @@
 // Calls, and the declaration of functions.
-#include <boost/container/small_vector.hpp>
+#include <boost/container/static_vector.hpp>
 
 #include "Velto/Diagnostics/VeltoError.h"
 #include "Velto/Interpreter/Function.h"
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
+#include "Velto/Interpreter/ScopeGuard.h"
 #include "Velto/Value/StringMember.h"
 
 namespace velto {
 
+namespace {
+
+/// The arguments of nearly every call.
+using FewValues = boost::container::static_vector<
+    Value, 4, boost::container::static_vector_options_t<boost::container::throw_on_overflow<false>>>;
+
+}  // namespace
+
+Value Interpreter::takeReturnValue() {
+  if (!jumps_.take(Jumps::Kind::return_)) return Value::nil();
+  return std::exchange(returnValue_, Value::nil());
+}
+
+/// A `return` that stands in the body itself needs no token, which would be taken right here.
+[[gnu::always_inline]] inline Value Interpreter::executeBody(const Statements& body) {
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(body);
+  for (const Statement& statement : body) {
+    if (statement.kind() == StatementKinds::of<Return>) return valueOf(statement.record<Return>());
+    execute(statement);
+    if (jumps_.areAny()) return takeReturnValue();
+  }
+  return Value::nil();
+}
+
+Value Interpreter::run(const Function& function, Arguments arguments) {
+  // The scope hangs on the declaring scope, not on the caller's.
+  Ref<Environment> environment = makeScope(function.closure().get());
+  auto argument = arguments.begin();
+  for (const FunctionParameter& parameter : function.declaration().parameters) {
+    if (argument == arguments.end()) break;
+    if (!environment->values.add(parameter.name.lexeme, *argument)) environment->define(parameter.name, *argument);
+    ++argument;
+  }
+  const ScopeGuard scope(*this, std::move(environment));
+  return executeBody(function.declaration().body);
+}
+
 Value Interpreter::valueOf(const Call& node) {
   if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
+  if (node.callee.kind() == ExpressionKinds::of<Variable>) {
+    const auto& variable = node.callee.record<Variable>();
+    if (const Value* const callee = findVariable(variable.name, variable.id)) return call(node, Value(*callee));
+  }
   return call(node, evaluate(node.callee));
 }
 
@@ -25,33 +68,42 @@ Value Interpreter::callMember(const Call& node, const Member& member) {
 }
 
 Value Interpreter::call(const Call& node, const Value& callee) {
-  const Callable* callable = callee.callable();
+  const Callable* const callable = callee.callable();
   if (!callable) fail(node.paren.range, "Can only call functions and classes.");
-  boost::container::small_vector<Value, 4> arguments;
-  evaluateArguments(node, *callable, arguments);
+  if (callable->isDeclared()) return call(node, static_cast<const Function&>(*callable));
+  return call(node, *callable);
+}
+
+template <typename Callee>
+Value Interpreter::call(const Call& node, const Callee& callee) {
+  const std::span<const Label> labels = callee.labels();
+  if (labels.size() != node.arguments.size()) failArgumentCount(node, callee);
+  return labels.size() <= FewValues::static_capacity ? call<FewValues>(node, callee, labels)
+                                                     : call<std::vector<Value>>(node, callee, labels);
+}
+
+template <typename Values, typename Callee>
+Value Interpreter::call(const Call& node, const Callee& callee, std::span<const Label> labels) {
+  Values arguments;
+  for (std::size_t index = 0; index < labels.size(); ++index) {
+    const Call::Argument& argument = node.arguments[index];
+    arguments.push_back(evaluate(argument.value));
+    if (labels[index] || argument.label) checkLabel(labels[index], argument);
+  }
   const auto reportError = [&](const String& message) { fail(node.paren.range, message); };
   try {
-    return callable->call(*this, std::span<const Value>(arguments.data(), arguments.size()), reportError);
+    return callee.call(*this, std::span<const Value>(arguments.data(), arguments.size()), reportError);
   } catch (const VeltoError&) {
     // One line for each call on the way out, innermost first: the language's stack trace.
-    logger_->report(Message::Level::info, String::concatenation({callable->describe(arguments), " called here"}),
+    logger_->report(Message::Level::info, String::concatenation({callee.describe(arguments), " called here"}),
                     node.range);
     throw;
   }
 }
 
-template <typename ArgumentValues>
-void Interpreter::evaluateArguments(const Call& node, const Callable& callable, ArgumentValues& arguments) {
-  const std::span<const Label> labels = callable.labels();
-  if (labels.size() != node.arguments.size()) {
-    fail(node.paren.range, String::concatenation({"Expected ", decimal(callable.arity()), " arguments but got ",
-                                                  decimal(static_cast<Int>(node.arguments.size())), "."}));
-  }
-  arguments.reserve(labels.size());
-  for (std::size_t index = 0; index < labels.size(); ++index) {
-    arguments.push_back(evaluate(node.arguments[index].value));
-    checkLabel(labels[index], node.arguments[index]);
-  }
+void Interpreter::failArgumentCount(const Call& node, const Callable& callee) {
+  fail(node.paren.range, String::concatenation({"Expected ", decimal(callee.arity()), " arguments but got ",
+                                                decimal(static_cast<Int>(node.arguments.size())), "."}));
 }
 
 void Interpreter::checkLabel(const Label& expected, const Call::Argument& argument) {

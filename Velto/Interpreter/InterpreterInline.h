@@ -1,4 +1,4 @@
-// The evaluation of the plainest expressions, kept inline.
+// What every statement and the plainest expressions run through, kept inline.
 #pragma once
 
 #include "Velto/Interpreter/Interpreter.h"
@@ -6,12 +6,59 @@
 
 namespace velto {
 
+/// The same as `statement.accept(*this)`, without the two virtual calls.
+[[gnu::always_inline]] inline void Interpreter::execute(const Statement& statement) {
+  switch (statement.kind()) {
+    case StatementKinds::of<Break>:
+      return visitBreak(statement.record<Break>());
+    case StatementKinds::of<Case>:
+      return visitCase(statement.record<Case>());
+    case StatementKinds::of<Continue>:
+      return visitContinue(statement.record<Continue>());
+    case StatementKinds::of<ExpressionBlock>:
+      return visitExpressionBlock(statement.record<ExpressionBlock>());
+    case StatementKinds::of<ExpressionStatement>:
+      return visitExpressionStatement(statement.record<ExpressionStatement>());
+    case StatementKinds::of<For>:
+      return visitFor(statement.record<For>());
+    case StatementKinds::of<FunctionDeclaration>:
+      return visitFunctionDeclaration(statement.record<FunctionDeclaration>());
+    case StatementKinds::of<If>:
+      return visitIf(statement.record<If>());
+    case StatementKinds::of<Include>:
+      return visitInclude(statement.record<Include>());
+    case StatementKinds::of<Return>:
+      return visitReturn(statement.record<Return>());
+    case StatementKinds::of<Switch>:
+      return visitSwitch(statement.record<Switch>());
+    case StatementKinds::of<VariableDeclaration>:
+      return visitVariableDeclaration(statement.record<VariableDeclaration>());
+    case StatementKinds::of<Verbatim>:
+      return visitVerbatim(statement.record<Verbatim>());
+    case StatementKinds::of<While>:
+      return visitWhile(statement.record<While>());
+    default:
+      return statement.accept(*this);
+  }
+}
+
+inline void Interpreter::executeList(const Statements& statements) {
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(statements);
+  for (const Statement& statement : statements) {
+    execute(statement);
+    if (jumps_.areAny()) return;
+  }
+}
+
 [[gnu::always_inline]] inline Value Interpreter::evaluate(const Expression& expression) {
   switch (expression.kind()) {
     case ExpressionKinds::of<Literal>:
       return expression.record<Literal>().value;
     case ExpressionKinds::of<Variable>:
       return valueOf(expression.record<Variable>());
+    case ExpressionKinds::of<Binary>:
+      return valueOf(expression.record<Binary>());
     default:
       return evaluateNode(expression);
   }
@@ -19,6 +66,10 @@ namespace velto {
 
 inline Value Interpreter::valueOf(const Variable& node) {
   return readVariable(node.name, node.id);
+}
+
+inline Value Interpreter::valueOf(const Return& node) {
+  return node.value ? evaluate(*node.value) : Value::nil();
 }
 
 /// Null for a variable that can't be read, or not so quickly.
@@ -38,25 +89,58 @@ inline Value Interpreter::readVariable(const Token& name, const Uuid& id) {
   return lookUpVariable(name, local);
 }
 
-[[gnu::always_inline]] inline void Interpreter::store(const Assignment& node, const Value& value) {
+[[gnu::always_inline]] inline void Interpreter::store(const Assignment& node, Value value) {
   const Local* const local = locals.find(node.id);
   if (Value* const variable = local ? current().findInPlace(node.name.lexeme, *local) : nullptr) {
-    *variable = value;
+    *variable = std::move(value);
   } else if (local) {
-    current().assign(node.name, value, *local);
+    current().assign(node.name, std::move(value), *local);
   } else {
-    current().assign(node.name, value);
+    current().assign(node.name, std::move(value));
   }
 }
 
-inline void Interpreter::popScope() noexcept {
-  if (stack_.size() < 2) fatalError("The outermost scope can't be popped.");
+/// The value of `text = "\(text)..."`, null for any other assignment.
+inline const StringExpression* Interpreter::textThatGrows(const Assignment& node) {
+  return node.value.kind() == ExpressionKinds::of<StringExpression> ? beginningWithItself(node) : nullptr;
+}
+
+/// The number that a literal or a variable is, where it stands; null for all else, and for what isn't found at once.
+/// Nothing runs.
+[[gnu::always_inline]] inline const double* Interpreter::findNumber(const Expression& expression) noexcept {
+  if (expression.kind() == ExpressionKinds::of<Literal>) return expression.record<Literal>().value.number();
+  if (expression.kind() != ExpressionKinds::of<Variable>) return nullptr;
+  const auto& variable = expression.record<Variable>();
+  const Local* const local = locals.findAtOnce(variable.id);
+  const Value* const value = local ? current().findInPlace(variable.name.lexeme, *local) : nullptr;
+  return value ? value->number() : nullptr;
+}
+
+[[gnu::always_inline]] inline void Interpreter::pushScope(Ref<Environment> scope) {
+  if (stack_.size() == stack_.capacity()) [[unlikely]]
+    return pushFurtherScope(std::move(scope));
+  stack_.push_back(std::move(scope));
+}
+
+[[gnu::always_inline]] inline void Interpreter::popScope() noexcept {
+  if (stack_.size() < 2) [[unlikely]]
+    fatalError("The outermost scope can't be popped.");
   Ref<Environment> scope = std::move(stack_.back());
   stack_.pop_back();
-  if (scope->holderCount() == 1) {
+  if (scope->isUnshared()) [[likely]] {
     scopes_.takeBack(std::move(scope));
   } else {
-    survivors_.leave(std::move(scope));
+    leaveToSurvive(std::move(scope));
+  }
+}
+
+/// Makes the current scope as good as new. Where somebody else holds it, there has to be another one.
+inline void Interpreter::renewScope() {
+  Environment& scope = current();
+  if (scope.isUnshared()) [[likely]] {
+    scope.values.clear();
+  } else {
+    replaceScope();
   }
 }
 

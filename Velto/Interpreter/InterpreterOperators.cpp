@@ -18,16 +18,6 @@ Value Interpreter::valueOf(const Grouping& node) {
   return evaluate(node.expression);
 }
 
-Value Interpreter::valueOf(const Binary& node) {
-  const Value left = evaluate(node.left);
-  const Value right = evaluate(node.right);
-  const Token& operator_ = node.operator_;
-  if (left.number() && right.number()) return calculate(operator_, *left.number(), *right.number());
-  if (operator_.type == TokenType::equal) return areSame(left, right, operator_.range);
-  if (operator_.type == TokenType::notEqual) return !areSame(left, right, operator_.range);
-  fail(operator_.range, "Operands must be numbers.");
-}
-
 [[gnu::always_inline]] inline Value Interpreter::calculate(const Token& operator_, double left, double right) {
   switch (operator_.type) {
     case TokenType::equal:
@@ -53,6 +43,25 @@ Value Interpreter::valueOf(const Binary& node) {
     default:
       return makeIntegerRange(operator_, left, right);
   }
+}
+
+/// The numbers that literals and variables are needn't be taken from where they stand.
+Value Interpreter::valueOf(const Binary& node) {
+  const double* const left = findNumber(node.left);
+  const double* const right = left ? findNumber(node.right) : nullptr;
+  return right ? calculate(node.operator_, *left, *right) : combine(node);
+}
+
+Value Interpreter::combine(const Binary& node) {
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(node.range);
+  const Value left = evaluate(node.left);
+  const Value right = evaluate(node.right);
+  const Token& operator_ = node.operator_;
+  if (left.number() && right.number()) return calculate(operator_, *left.number(), *right.number());
+  if (operator_.type == TokenType::equal) return areSame(left, right, operator_.range);
+  if (operator_.type == TokenType::notEqual) return !areSame(left, right, operator_.range);
+  fail(operator_.range, "Operands must be numbers.");
 }
 
 Value Interpreter::makeIntegerRange(const Token& operator_, double lower, double upper) {
@@ -136,11 +145,19 @@ Value Interpreter::lookUpVariable(const Token& name, const Local* local) {
 }
 
 Value Interpreter::valueOf(const Assignment& node) {
-  const bool mayGrow = node.value.kind() == ExpressionKinds::of<StringExpression>;
-  if (const StringExpression* text = mayGrow ? textThatGrows(node) : nullptr) return grow(node, *text);
+  if (const StringExpression* text = textThatGrows(node)) return grow(node, *text);
   Value value = evaluate(node.value);
   store(node, value);
   return value;
+}
+
+/// The same where nobody asks for the value.
+void Interpreter::assign(const Assignment& node) {
+  if (const StringExpression* text = textThatGrows(node)) {
+    grow(node, *text);
+  } else {
+    store(node, evaluate(node.value));
+  }
 }
 
 Value Interpreter::valueOf(const TypeCheck& node) {

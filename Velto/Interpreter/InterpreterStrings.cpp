@@ -40,8 +40,7 @@ void Interpreter::appendPieces(const StringExpression& node, std::size_t first, 
   text.append(literal.substr(offset));
 }
 
-/// The value of `text = "\(text)..."`, null for any other assignment.
-const StringExpression* Interpreter::textThatGrows(const Assignment& node) {
+const StringExpression* Interpreter::beginningWithItself(const Assignment& node) {
   const auto& text = node.value.record<StringExpression>();
   if (text.interpolations.empty() || text.interpolations[0].position != 0) return nullptr;
   const Expression& beginning = text.interpolations[0].value;

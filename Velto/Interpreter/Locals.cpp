@@ -6,10 +6,19 @@
 namespace velto {
 
 void Locals::set(const Uuid& id, Int depth) {
-  if (2 * (size_ + 1) > slots_.size()) grow();
+  if (4 * (size_ + 1) > slots_.size()) grow();
   Slot& slot = slotOf(id);
   if (slot.id != id) ++size_;
   slot = {id, {depth}};
+}
+
+const Local* Locals::findBehind(const Uuid& id) const noexcept {
+  std::size_t slot = (id.hash() + 1) & mask_;
+  while (slots_[slot].id != id) {
+    if (slots_[slot].id == Uuid::nil()) return nullptr;
+    slot = (slot + 1) & mask_;
+  }
+  return &slots_[slot].local;
 }
 
 Locals::Slot& Locals::slotOf(const Uuid& id) noexcept {
@@ -19,7 +28,7 @@ Locals::Slot& Locals::slotOf(const Uuid& id) noexcept {
 }
 
 void Locals::grow() {
-  constexpr std::size_t fewest = 16;
+  constexpr std::size_t fewest = 256;  // room enough that hardly anything collides in a small program
   const std::vector<Slot> before = std::exchange(slots_, std::vector<Slot>(std::max(fewest, 2 * slots_.size())));
   mask_ = slots_.size() - 1;
   for (const Slot& slot : before) {

@@ -20,11 +20,17 @@ struct Local {
 class Locals {
  public:
   /// Null if the expression isn't resolved; good until the next `set`.
-  const Local* find(const Uuid& id) const noexcept {
-    for (std::size_t slot = id.hash() & mask_;; slot = (slot + 1) & mask_) {
-      if (slots_[slot].id == id) return &slots_[slot].local;
-      if (slots_[slot].id == Uuid::nil()) return nullptr;
-    }
+  [[gnu::always_inline]] const Local* find(const Uuid& id) const noexcept {
+    const Slot& first = slots_[id.hash() & mask_];
+    if (first.id == id) return &first.local;
+    return first.id.isNil() ? nullptr : findBehind(id);
+  }
+  /// The same, but null as well for those few that aren't found at once.
+  [[gnu::always_inline]] const Local* findAtOnce(const Uuid& id) const noexcept {
+    const Slot& first = slots_[id.hash() & mask_];
+    if (first.id == id) return &first.local;
+    const Slot& second = slots_[(id.hash() + 1) & mask_];
+    return second.id == id ? &second.local : nullptr;
   }
   void set(const Uuid& id, Int depth);
 
@@ -37,11 +43,12 @@ class Locals {
     Local local{0};
   };
 
+  [[gnu::noinline]] const Local* findBehind(const Uuid& id) const noexcept;
   /// Where `id` stands, or would.
   Slot& slotOf(const Uuid& id) noexcept;
   void grow();
 
-  std::vector<Slot> slots_{1};  // a power of two of them, at most half of them taken
+  std::vector<Slot> slots_{1};  // a power of two of them, at most a quarter of them taken
   std::size_t mask_ = 0;
   std::size_t size_ = 0;
 };

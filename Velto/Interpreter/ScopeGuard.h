@@ -7,12 +7,13 @@ namespace velto {
 
 class ScopeGuard {
  public:
-  explicit ScopeGuard(Interpreter& interpreter)
+  [[gnu::always_inline]] explicit ScopeGuard(Interpreter& interpreter)
       : ScopeGuard(interpreter, interpreter.makeScope(interpreter.stack_.back().get())) {}
-  ScopeGuard(Interpreter& interpreter, Ref<Environment> environment) : interpreter_(interpreter) {
+  [[gnu::always_inline]] ScopeGuard(Interpreter& interpreter, Ref<Environment> environment)
+      : interpreter_(interpreter) {
     interpreter.pushScope(std::move(environment));
   }
-  ~ScopeGuard() { interpreter_.popScope(); }
+  [[gnu::always_inline]] ~ScopeGuard() { interpreter_.popScope(); }
   ScopeGuard(const ScopeGuard&) = delete;
   ScopeGuard& operator=(const ScopeGuard&) = delete;
 

@@ -9,24 +9,35 @@ namespace [[gnu::visibility("default")]] velto {
 
 /// Gives out new scopes. Nearly every scope ends unseen, with its block; its object and the room for its names then
 /// serve the next one. A scope that anybody could still find is never used again.
+///
+/// The scope around one that comes from here has to live for as long as that stands on the stack, so that the link
+/// needs no counting before `release`.
 class ScopePool {
  public:
   explicit ScopePool(std::shared_ptr<Logger> logger) noexcept : logger_(std::move(logger)) {}
 
-  Ref<Environment> make(Environment* enclosing) {
-    if (!spares_) return makeRef<Environment>(enclosing, logger_);
+  [[gnu::always_inline]] Ref<Environment> make(Environment* enclosing) {
+    if (!spares_) [[unlikely]]
+      return makeFurther(enclosing);
     --spareCount_;
     Ref<Environment> scope = std::move(spares_);
     spares_.swap(scope->nextSpare_);
-    scope->enclosing_.observeInstead(enclosing);
+    scope->enclosing_ = enclosing;
     return scope;
   }
 
-  /// Takes a scope that the caller alone holds.
-  void takeBack(Ref<Environment> scope) noexcept {
-    if (scope->isObserved() || scope->values.size() > Bindings::few || spareCount_ == mostSpares) return;
+  /// For a scope that leaves the stack, and that others hold.
+  static void release(Environment& scope) noexcept {
+    if (scope.isObserving_ || !scope.enclosing()) return;
+    scope.enclosing_->observe();
+    scope.isObserving_ = true;
+  }
+
+  /// Takes a scope that the caller alone holds, and that nothing observes.
+  [[gnu::always_inline]] void takeBack(Ref<Environment> scope) noexcept {
+    if (scope->values.hasTable() || spareCount_ == mostSpares) return;
     scope->values.clear();
-    scope->enclosing_.observeInstead(nullptr);
+    if (scope->isObserving_) scope->letGoOfEnclosing();
     scope->nextSpare_.swap(spares_);
     spares_.swap(scope);
     ++spareCount_;
@@ -34,6 +45,10 @@ class ScopePool {
 
  private:
   static constexpr std::size_t mostSpares = 256;
+
+  [[gnu::noinline]] Ref<Environment> makeFurther(Environment* enclosing) const {
+    return makeRef<Environment>(enclosing, logger_);
+  }
 
   std::shared_ptr<Logger> logger_;
   Ref<Environment> spares_;  // the first of a chain

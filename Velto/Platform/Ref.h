@@ -18,7 +18,7 @@ namespace [[gnu::visibility("default")]] velto {
 /// A count of holders. A locked instruction is needed only once the process has had a second thread.
 class HolderCount {
  public:
-  explicit HolderCount(std::uint32_t initial) noexcept : count_(initial) {}
+  constexpr explicit HolderCount(std::uint32_t initial) noexcept : count_(initial) {}
 
   [[gnu::always_inline]] void increment() noexcept {
     if (isSingleThreaded()) {
@@ -56,7 +56,7 @@ class HolderCount {
 /// Base of what `Ref` holds. A copy of a counted object is a new object without holders.
 class Counted {
  public:
-  Counted() noexcept = default;
+  constexpr Counted() noexcept = default;
   Counted(const Counted&) noexcept {}
   Counted& operator=(const Counted&) noexcept { return *this; }
   virtual ~Counted() = default;
@@ -88,14 +88,14 @@ class Ref {
  public:
   constexpr Ref() noexcept = default;
   constexpr Ref(std::nullptr_t) noexcept {}
-  explicit Ref(T* pointer) noexcept : pointer_(pointer) {
+  [[gnu::always_inline]] explicit Ref(T* pointer) noexcept : pointer_(pointer) {
     if (pointer_) pointer_->retain();
   }
-  Ref(const Ref& other) noexcept : Ref(other.pointer_) {}
-  Ref(Ref&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
+  [[gnu::always_inline]] Ref(const Ref& other) noexcept : Ref(other.pointer_) {}
+  [[gnu::always_inline]] Ref(Ref&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
   template <ReferableAs<T> U>
   Ref(Ref<U> other) noexcept : pointer_(other.detach()) {}
-  Ref& operator=(Ref other) noexcept {
+  [[gnu::always_inline]] Ref& operator=(Ref other) noexcept {
     std::swap(pointer_, other.pointer_);
     return *this;
   }
@@ -132,6 +132,8 @@ class WeaklyCounted : public Counted {
   /// How many `WeakRef`s look at it.
   std::uint32_t observerCount() const noexcept { return observers_.get() - (isAlive() ? 1 : 0); }
   bool isObserved() const noexcept { return observerCount() != 0; }
+  /// Whether a single `Ref` holds it, and nothing observes it.
+  [[gnu::always_inline]] bool isUnshared() const noexcept { return holderCount() == 1 && observers_.get() == 1; }
 
   [[gnu::always_inline]] void observe() const noexcept { observers_.increment(); }
   [[gnu::always_inline]] void unobserve() const noexcept {

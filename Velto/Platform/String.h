@@ -53,6 +53,12 @@ class String {
 
  public:
   String() noexcept = default;
+  // In line, since every copy of a name runs through them.
+  [[gnu::always_inline]] String(const String&) noexcept = default;
+  [[gnu::always_inline]] String(String&&) noexcept = default;
+  [[gnu::always_inline]] String& operator=(const String&) noexcept = default;
+  [[gnu::always_inline]] String& operator=(String&&) noexcept = default;
+  [[gnu::always_inline]] ~String() = default;
   /// Ill-formed sequences become U+FFFD.
   String(std::string_view text);
   /// Null is the empty text.

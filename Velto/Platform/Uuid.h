@@ -18,6 +18,9 @@ class Uuid {
   /// All bits zero, which is never drawn.
   static constexpr Uuid nil() noexcept { return Uuid(std::array<std::uint64_t, 2>{}); }
 
+  /// No identity that is drawn has nothing but zeros in its first half, where the version stands.
+  bool isNil() const noexcept { return halves_[0] == 0; }
+
   /// 36 characters: upper-case hexadecimal in groups of 8, 4, 4, 4 and 12, joined by hyphens.
   String description() const;
   std::size_t hash() const noexcept { return static_cast<std::size_t>(halves_[0]); }

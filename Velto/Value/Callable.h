@@ -66,11 +66,18 @@ class Callable : public Counted {
   virtual std::span<const Label> labels() const noexcept = 0;
   virtual Value call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const = 0;
 
+  /// Whether a program has declared it: then it is a `Function`.
+  bool isDeclared() const noexcept { return isDeclared_; }
   Int arity() const noexcept { return static_cast<Int>(labels().size()); }
   /// "copy(from: a.txt, to: b.txt)": as many pairs as there are both labels and arguments.
   String describe(std::span<const Value> arguments) const;
   /// A value that holds this very callable, which must be behind a `Ref` already: otherwise it is a fatal stop.
   Value asValue() const;
+
+ private:
+  friend class Function;
+
+  bool isDeclared_ = false;
 };
 
 inline const Callable* Value::callable() const noexcept {

@@ -330,9 +330,9 @@ TEST_F(InterpreterTest, ReportsNestedStatementsThatWereParsedWithMoreStack) {
       {"if true ", "end "}, {"for i in 0...0 ", "end "}, {"while true ", "end "}, {"switch 1 default: ", "end "}};
   for (const auto& [open, close] : blocks) {
     std::string program;
-    for (int count = 0; count < 1'000; ++count) program += open;
+    for (int count = 0; count < 5'000; ++count) program += open;
     program += "1 ";
-    for (int count = 0; count < 1'000; ++count) program += close;
+    for (int count = 0; count < 5'000; ++count) program += close;
     Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
     Statements statements;
     onStack(64 << 20,
