@@ -28,10 +28,12 @@ class Bindings {
   const Value* find(const String& name) const noexcept { return find(name, name.hash()); }
   /// The same for a name whose hash is known.
   const Value* find(const String& name, std::size_t hash) const noexcept {
-    if ((filter_ & filterBit(hash)) == 0) return nullptr;
+    if (!mayHave(hash)) return nullptr;
     const Binding* found = findBinding(name, hash);
     return found ? &found->value : nullptr;
   }
+  /// False if no name with this hash is there.
+  bool mayHave(std::size_t hash) const noexcept { return (filter_ & filterBit(hash)) != 0; }
   /// The value at `place` if this very name stands there. A look, and no search.
   [[gnu::always_inline]] const Value* findAt(std::uint32_t place, const String& name) const noexcept {
     const Binding* const binding = bindings_.data() + place;
@@ -50,7 +52,7 @@ class Bindings {
   /// False if the name is there already.
   bool add(const String& name, const Value& value) {
     const std::size_t hash = name.hash();
-    if ((filter_ & filterBit(hash)) != 0 && contains(name)) return false;
+    if (mayHave(hash) && contains(name)) return false;
     append(name, value, hash);
     return true;
   }

@@ -62,6 +62,13 @@ std::optional<Value> Environment::get(const String& name) const {
   return std::nullopt;
 }
 
+const Bindings* Environment::namesWith(const String& name) const noexcept {
+  for (const Environment* scope = this; scope; scope = scope->enclosing()) {
+    if (scope->values.contains(name)) return &scope->values;
+  }
+  return nullptr;
+}
+
 void Environment::clear() noexcept {
   values.clear();
   letGoOfEnclosing();

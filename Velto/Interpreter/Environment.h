@@ -48,8 +48,22 @@ class Environment final : public WeaklyCounted {
   /// The variable of the nearest scope that has the name, or null.
   const Value* find(const String& name) const noexcept {
     const std::size_t hash = name.hash();
-    for (const Environment* scope = this; scope; scope = scope->enclosing()) {
+    const Environment* scope = nullptr;
+    for (const Environment* next = this; next != scope; next = scope->enclosing_) {
+      scope = next;
       if (const Value* value = scope->values.find(name, hash)) return value;
+    }
+    return nullptr;
+  }
+  /// The names of the scope in which that is; null if there is none.
+  const Bindings* namesWith(const String& name) const noexcept;
+  /// The variable, if the name stands at `place` of the first scope that may have it; else null.
+  [[gnu::always_inline]] const Value* findAtOnce(const String& name, std::uint32_t place) const noexcept {
+    const std::size_t hash = name.knownHash();
+    const Environment* scope = nullptr;
+    for (const Environment* next = this; next != scope && hash != 0; next = scope->enclosing_) {
+      scope = next;
+      if (scope->values.mayHave(hash)) return scope->values.findAt(place, name);
     }
     return nullptr;
   }

@@ -8,6 +8,8 @@
 #include "Velto/Interpreter/ScopeGuard.h"
 #include "Velto/Library/BuiltInLibraries.h"
 #include "Velto/Platform/Fatal.h"
+#include "Velto/Value/Printing.h"
+#include "Velto/Value/RecentForms.h"
 
 namespace velto {
 
@@ -20,7 +22,8 @@ Interpreter::Interpreter(std::optional<Url> baseURL, std::shared_ptr<Logger> log
       parseCache_(logger_, fileSystem_, std::move(texts)),
       scopes_(logger_),
       globals_(makeRef<Environment>(logger_)),
-      stack_{globals_} {
+      stack_{globals_},
+      recentForms_(std::make_unique<RecentForms>()) {
   for (std::shared_ptr<Library>& library : makeBuiltInLibraries()) load(std::move(library));
 }
 
@@ -65,21 +68,13 @@ void Interpreter::interpret(const Statements& statements) {
   }
   try {
     for (const Statement& statement : statements) {
-      interpretStatement(statement);
-      reportStrayTokens();
+      execute(statement);
+      if (jumps_.areAny()) reportStrayTokens();
     }
   } catch (const VeltoError&) {
     constexpr Int manyLists = 16;
     hadError = true;
     if (depth_ > 1 && exhaustedAt_ > manyLists) throw;
-  }
-}
-
-void Interpreter::interpretStatement(const Statement& statement) {
-  try {
-    execute(statement);
-  } catch (const VeltoError&) {
-    throw;
   } catch (const std::bad_alloc&) {
     hadError = true;
     throw;  // the host's to deal with
@@ -91,7 +86,6 @@ void Interpreter::interpretStatement(const Statement& statement) {
 }
 
 void Interpreter::reportStrayTokens() {
-  if (!jumps_.areAny()) return;
   reportStray(Jumps::Kind::break_, "Cannot break from outside a loop.");
   reportStray(Jumps::Kind::continue_, "Cannot continue from outside a loop.");
   reportStray(Jumps::Kind::return_, "Cannot return from outside a function.");
@@ -197,8 +191,18 @@ void Interpreter::visitExpressionBlock(const ExpressionBlock& node) {
   if (const String* text = value.string()) {
     print(*text);
   } else {
-    print(value.description());
+    printDescription(value);
   }
+}
+
+/// What `print` runs may print in its turn, and finds no memory to use again then.
+void Interpreter::printDescription(const Value& value) {
+  StringBuilder description;
+  appendDescription(value, description);
+  String text = std::exchange(printed_, String());
+  text.rewrite(description.view());
+  print(text);
+  printed_ = std::move(text);
 }
 
 void Interpreter::visitExpressionStatement(const ExpressionStatement& node) {

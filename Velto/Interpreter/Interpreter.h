@@ -21,6 +21,10 @@
 #include "Velto/Processor/ParseCache.h"
 #include "Velto/Value/Callable.h"
 
+namespace velto {
+class RecentForms;
+}
+
 namespace [[gnu::visibility("default")]] velto {
 
 /// Runs statements. Everything that lives for a run hangs from its interpreter, which belongs to one thread. A failure
@@ -116,7 +120,6 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void finish(Value result) { lastResult_ = std::move(result); }
   void executeBlock(const Statements& statements);
   void executeList(const Statements& statements);
-  void interpretStatement(const Statement& statement);
   void reportStrayTokens();
   void reportStray(Jumps::Kind kind, std::string_view message);
   Environment& current() noexcept { return *stack_.back(); }
@@ -162,15 +165,17 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value calculate(const Token& operator_, double left, double right);
   [[gnu::noinline]] Value makeIntegerRange(const Token& operator_, double lower, double upper);
   bool evaluateOperand(const Expression& operand, const Token& operator_);
-  const Value* findVariable(const Token& name, const Uuid& id) noexcept;
+  const Value* findAtOnce(const Variable& node) noexcept;
   Value readVariable(const Token& name, const Uuid& id);
   const double* findNumber(const Expression& expression) noexcept;
   [[gnu::noinline]] Value combine(const Binary& node);
-  Value lookUpVariable(const Token& name, const Local* local);
+  [[gnu::noinline]] Value lookUp(const Variable& node);
   Value evaluateKey(const Expression& key, const Range& range);
 
   // InterpreterMembers.cpp: members and subscripts
   Value memberOf(const Value& object, const Member& node);
+  [[gnu::noinline]] Value elementOf(const Subscript& node);
+  static Value entry(const Subscript& node, const Dictionary& dictionary, const String& key);
   Value element(const Subscript& node, const Array& array);
   Value element(const Subscript& node, const Dictionary& dictionary);
   Value element(const Subscript& node, const String& string);
@@ -186,6 +191,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value run(const Function& function, Arguments arguments);
   Value executeBody(const Statements& body);
   Value takeReturnValue();
+  void printDescription(const Value& value);
   void checkLabel(const Label& expected, const Call::Argument& argument);
 
   // InterpreterBranches.cpp: branches, loops and includes
@@ -218,6 +224,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   std::vector<Ref<Environment>> stack_;
   std::optional<Value> lastResult_;  // of the expression visit that has just ended
   Jumps jumps_;
+  std::unique_ptr<RecentForms> recentForms_;
+  String printed_;     // the last text that was made to be printed, whose memory can serve the next one
   Value returnValue_;  // of the `return` that is travelling, `nil` at all other times
   std::vector<std::shared_ptr<Library>> libraries_;
   SurvivingScopes survivors_;

@@ -6,7 +6,7 @@
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
 #include "Velto/Interpreter/ScopeGuard.h"
-#include "Velto/Value/StringMember.h"
+#include "Velto/Value/RecentForms.h"
 
 namespace velto {
 
@@ -49,19 +49,20 @@ Value Interpreter::run(const Function& function, Arguments arguments) {
 }
 
 Value Interpreter::valueOf(const Call& node) {
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(node.range);
   if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
   if (node.callee.kind() == ExpressionKinds::of<Variable>) {
-    const auto& variable = node.callee.record<Variable>();
-    if (const Value* const callee = findVariable(variable.name, variable.id)) return call(node, Value(*callee));
+    return call(node, valueOf(node.callee.record<Variable>()));
   }
-  return call(node, evaluate(node.callee));
+  return call(node, evaluateNode(node.callee));
 }
 
 /// A form of a text comes without the function that the member is.
 Value Interpreter::callMember(const Call& node, const Member& member) {
   Value callee = evaluate(member.object);
   if (callee.string() && node.arguments.empty()) {
-    if (const StringForm form = stringForm(member.member.lexeme)) return form(*callee.string());
+    if (const StringForm form = stringForm(member.member.lexeme)) return recentForms_->formOf(*callee.string(), form);
   }
   callee = memberOf(callee, member);
   return call(node, callee);

@@ -59,34 +59,34 @@ inline void Interpreter::executeList(const Statements& statements) {
       return valueOf(expression.record<Variable>());
     case ExpressionKinds::of<Binary>:
       return valueOf(expression.record<Binary>());
+    case ExpressionKinds::of<Subscript>:
+      return valueOf(expression.record<Subscript>());
+    case ExpressionKinds::of<Call>:
+      return valueOf(expression.record<Call>());
     default:
       return evaluateNode(expression);
   }
-}
-
-inline Value Interpreter::valueOf(const Variable& node) {
-  return readVariable(node.name, node.id);
 }
 
 inline Value Interpreter::valueOf(const Return& node) {
   return node.value ? evaluate(*node.value) : Value::nil();
 }
 
-/// Null for a variable that can't be read, or not so quickly.
-inline const Value* Interpreter::findVariable(const Token& name, const Uuid& id) noexcept {
-  const Local* const local = locals.find(id);
-  const Value* const value = local ? current().findInPlace(name.lexeme, *local) : current().find(name.lexeme);
+/// Null for a variable that can't be read, and where it takes more than a few looks: nothing is called, so that whoever
+/// asks needs to save no registers.
+[[gnu::always_inline]] inline const Value* Interpreter::findAtOnce(const Variable& node) noexcept {
+  const Value* value = nullptr;
+  if (const Local* const local = locals.findAtOnce(node.id)) {
+    value = current().findInPlace(node.name.lexeme, *local);
+  } else if (!locals.mayHave(node.id)) {
+    value = current().findAtOnce(node.name.lexeme, node.place.get());
+  }
   return value && !value->isUninitialized() ? value : nullptr;
 }
 
-// All the rest is left to another function, so that this one needs no registers saved.
-inline Value Interpreter::readVariable(const Token& name, const Uuid& id) {
-  const Local* const local = locals.find(id);
-  if (local) {
-    const Value* const value = current().findInPlace(name.lexeme, *local);
-    if (value && !value->isUninitialized()) return *value;
-  }
-  return lookUpVariable(name, local);
+inline Value Interpreter::valueOf(const Variable& node) {
+  const Value* const value = findAtOnce(node);
+  return value ? *value : lookUp(node);
 }
 
 [[gnu::always_inline]] inline void Interpreter::store(const Assignment& node, Value value) {
@@ -105,8 +105,8 @@ inline const StringExpression* Interpreter::textThatGrows(const Assignment& node
   return node.value.kind() == ExpressionKinds::of<StringExpression> ? beginningWithItself(node) : nullptr;
 }
 
-/// The number that a literal or a variable is, where it stands; null for all else, and for what isn't found at once.
-/// Nothing runs.
+/// The number that a literal or a resolved variable is, where it stands; null for all else, and for what isn't found at
+/// once. Nothing runs.
 [[gnu::always_inline]] inline const double* Interpreter::findNumber(const Expression& expression) noexcept {
   if (expression.kind() == ExpressionKinds::of<Literal>) return expression.record<Literal>().value.number();
   if (expression.kind() != ExpressionKinds::of<Variable>) return nullptr;

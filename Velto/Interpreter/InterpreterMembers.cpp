@@ -20,11 +20,6 @@ const String* literalKey(const Expression& key) {
   return string.interpolations.empty() ? &string.literal : nullptr;
 }
 
-Value entry(const Dictionary& dictionary, const String& key) {
-  const Value* value = dictionary.findText(key);
-  return value ? *value : Value::nil();
-}
-
 }  // namespace
 
 Value Interpreter::valueOf(const Member& node) {
@@ -43,21 +38,38 @@ Value Interpreter::memberOf(const Value& object, const Member& node) {
   return std::move(*result);
 }
 
+/// Nothing runs before the entry is found, so that the dictionary can stay where it is.
 Value Interpreter::valueOf(const Subscript& node) {
   const String* const key = literalKey(node.index);
   if (key && node.subscriptee.kind() == ExpressionKinds::of<Variable>) {
-    // Nothing runs before the entry is found, so that the dictionary can stay where it is.
-    const auto& variable = node.subscriptee.record<Variable>();
-    const Value* const container = findVariable(variable.name, variable.id);
-    if (const Dictionary* dictionary = container ? container->dictionary() : nullptr) return entry(*dictionary, *key);
+    const Value* const container = findAtOnce(node.subscriptee.record<Variable>());
+    const Dictionary* const dictionary = container ? container->dictionary() : nullptr;
+    const Value* const value = dictionary ? dictionary->findTextAt(node.entry.get(), *key) : nullptr;
+    if (value) return *value;
   }
+  return elementOf(node);
+}
+
+Value Interpreter::elementOf(const Subscript& node) {
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(node.range);
   const Value value = evaluate(node.subscriptee);
   if (const Array* array = value.array()) return element(node, *array);
   if (const Dictionary* dictionary = value.dictionary()) {
-    return key ? entry(*dictionary, *key) : element(node, *dictionary);
+    const String* const key = literalKey(node.index);
+    return key ? entry(node, *dictionary, *key) : element(node, *dictionary);
   }
   if (const String* string = value.string()) return element(node, *string);
   fail(node.bracket.range, "Can only subscript arrays, dictionaries or strings.");
+}
+
+/// Dictionaries that come along one after the other are mostly of one make, so that the next one is asked at this
+/// place.
+Value Interpreter::entry(const Subscript& node, const Dictionary& dictionary, const String& key) {
+  const Value* const value = dictionary.findText(key);
+  if (!value) return Value::nil();
+  node.entry.set(static_cast<std::uint32_t>(dictionary.placeOf(*value)));
+  return *value;
 }
 
 Value Interpreter::element(const Subscript& node, const Array& array) {

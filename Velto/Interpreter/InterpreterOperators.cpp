@@ -58,6 +58,10 @@ Value Interpreter::combine(const Binary& node) {
   const Value left = evaluate(node.left);
   const Value right = evaluate(node.right);
   const Token& operator_ = node.operator_;
+  const bool isEquality = operator_.type == TokenType::equal || operator_.type == TokenType::notEqual;
+  if (isEquality && left.string() && right.string()) {
+    return (*left.string() == *right.string()) == (operator_.type == TokenType::equal);
+  }
   if (left.number() && right.number()) return calculate(operator_, *left.number(), *right.number());
   if (operator_.type == TokenType::equal) return areSame(left, right, operator_.range);
   if (operator_.type == TokenType::notEqual) return !areSame(left, right, operator_.range);
@@ -131,12 +135,19 @@ Value Interpreter::valueOf(const Tuple& node) {
   return Array(std::move(values));
 }
 
-/// Reads any variable, wherever it stands, or fails. Those of included files are all found by the walk.
-Value Interpreter::lookUpVariable(const Token& name, const Local* local) {
-  if (!local) {
-    const Value* const found = current().find(name.lexeme);
-    if (found && !found->isUninitialized()) return *found;
-  }
+/// The names of included files are found by the walk outward, which goes quicker the next time.
+Value Interpreter::lookUp(const Variable& node) {
+  const Bindings* const names = locals.find(node.id) ? nullptr : current().namesWith(node.name.lexeme);
+  if (!names) return readVariable(node.name, node.id);
+  const std::uint32_t place = names->placeOf(node.name.lexeme);
+  node.place.set(place);
+  const Value& value = names->bindings()[place].value;
+  return value.isUninitialized() ? readVariable(node.name, node.id) : value;
+}
+
+/// Reads any variable, wherever it stands, or fails.
+Value Interpreter::readVariable(const Token& name, const Uuid& id) {
+  const Local* const local = locals.find(id);
   Value value = local ? current().get(name, *local) : current().get(name);
   if (value.isUninitialized()) {
     fail(name.range, String::concatenation({"Uninitialized variable '", name.lexeme, "'."}));

@@ -32,6 +32,8 @@ class Locals {
     const Slot& second = slots_[(id.hash() + 1) & mask_];
     return second.id == id ? &second.local : nullptr;
   }
+  /// False if the expression isn't resolved, which mostly shows at once.
+  [[gnu::always_inline]] bool mayHave(const Uuid& id) const noexcept { return !slots_[id.hash() & mask_].id.isNil(); }
   void set(const Uuid& id, Int depth);
 
   bool isEmpty() const noexcept { return size_ == 0; }

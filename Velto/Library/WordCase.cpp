@@ -118,13 +118,11 @@ void appendSnakeCased(const Text& text, Result& result) {
 /// What `append` makes of a text in ASCII, in one pass over memory of the right size.
 template <typename Append>
 String writtenASCII(std::size_t most, Append append) {
-  StringBuilder result;
-  result.appendWritten(most, [&](char* begin) {
+  return String::writtenASCII(most, [&](char* begin) {
     ASCIIEnd end(begin);
     append(end);
     return end.get();
   });
-  return std::move(result).build();
 }
 
 String camelCased(const String& text, bool capitalizeFirst) {

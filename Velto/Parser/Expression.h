@@ -8,6 +8,7 @@
 
 #include "Velto/Parser/NodeId.h"
 #include "Velto/Parser/NodeKind.h"
+#include "Velto/Parser/PlaceHint.h"
 #include "Velto/Platform/Ref.h"
 #include "Velto/Scanner/Token.h"
 
@@ -212,6 +213,7 @@ struct Subscript {
   Expression subscriptee;
   Token bracket;
   Expression index;
+  PlaceHint entry{};  ///< in the dictionary that was subscripted last
 
   void accept(ExpressionVisitor& visitor) const;
 };
@@ -231,6 +233,7 @@ struct Variable {
   NodeId<Variable> id{};
   Range range;
   Token name;
+  PlaceHint place{};  ///< in the scope where it was found last
 
   void accept(ExpressionVisitor& visitor) const;
 };

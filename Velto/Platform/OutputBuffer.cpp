@@ -4,24 +4,17 @@
 #include <utility>
 
 namespace velto {
-namespace {
 
-// A plain pointer, so that a handle that outlives the end of its thread finds none instead of a dead one.
-// Reached through a fixed offset: every piece of text that is printed asks for it.
-[[gnu::tls_model("initial-exec")]] thread_local constinit OutputBuffer* buffer = nullptr;
+[[gnu::tls_model("initial-exec")]] thread_local constinit OutputBuffer* OutputBuffer::ofThread_ = nullptr;
 
-struct BufferOwner {
-  ~BufferOwner() { delete std::exchange(buffer, nullptr); }
+struct OutputBuffer::Owner {
+  ~Owner() { delete std::exchange(ofThread_, nullptr); }
 };
 
-}  // namespace
-
-OutputBuffer& OutputBuffer::ofThread() {
-  if (!buffer) {
-    thread_local const BufferOwner owner;
-    buffer = new OutputBuffer;
-  }
-  return *buffer;
+OutputBuffer& OutputBuffer::makeOfThread() {
+  thread_local const Owner owner;
+  ofThread_ = new OutputBuffer;
+  return *ofThread_;
 }
 
 /// Begins to hold bytes for `target`, with all others written before.

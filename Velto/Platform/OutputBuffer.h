@@ -16,7 +16,7 @@ class OutputBuffer final : public PendingOutput {
   static constexpr std::size_t capacity = 64 * 1024;
 
   /// That of this thread. It writes out what is left when the thread ends.
-  static OutputBuffer& ofThread();
+  static OutputBuffer& ofThread() { return ofThread_ ? *ofThread_ : makeOfThread(); }
 
   ~OutputBuffer() override { flush(); }
 
@@ -31,11 +31,19 @@ class OutputBuffer final : public PendingOutput {
   void flush() noexcept override;
 
  private:
+  // A plain pointer, so that a handle that outlives the end of its thread finds none instead of a dead one.
+  // Reached through a fixed offset: every piece of text that is printed asks for it.
+  [[gnu::tls_model("initial-exec")]] static thread_local constinit OutputBuffer* ofThread_;
+  struct Owner;
+
+  [[gnu::cold, gnu::noinline]] static OutputBuffer& makeOfThread();
+  /// Copies last, so that nothing has to be kept meanwhile.
   void append(std::string_view bytes) noexcept {
-    bytes.copy(bytes_.get() + size_, bytes.size());
+    char* const end = bytes_.get() + size_;
     size_ += bytes.size();
+    bytes.copy(end, bytes.size());
   }
-  void writeElsewhere(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
+  [[gnu::noinline]] void writeElsewhere(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
   void writeOut();
 
   std::shared_ptr<FileHandle> target_;  // null while nothing waits

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <new>
 #include <numeric>
 #include <utility>
@@ -52,6 +53,12 @@ void String::Block::append(std::string_view piece) noexcept {
   isASCII = isASCII && utf8::isASCII(piece);
 }
 
+void String::Block::clear() noexcept {
+  size = 0;
+  isASCII = true;
+  hash.store(0, std::memory_order_relaxed);
+}
+
 String::String(std::string_view text)
     : storage_(isWellFormed(text) ? Block::holding(text) : Block::holding(utf8::repaired(text))) {
 }
@@ -78,8 +85,7 @@ String String::slice(std::size_t offset, std::size_t length) const {
 
 String String::appending(std::string_view piece) && {
   if (piece.empty()) return std::move(*this);
-  const bool isOwn = storage_ && storage_->isBlock && storage_->holderCount() == 1;
-  Block* const own = isOwn ? const_cast<Block*>(static_cast<const Block*>(storage_.get())) : nullptr;
+  Block* const own = ownBlock();
   if (own && own->hasRoomFor(piece)) {
     own->append(piece);
     own->hash.store(0, std::memory_order_relaxed);
@@ -90,6 +96,22 @@ String String::appending(std::string_view piece) && {
   block->append(view());
   block->append(piece);
   return String(std::move(block));
+}
+
+void String::rewrite(std::string_view text) {
+  Block* const own = ownBlock();
+  if (own && text.size() <= own->capacity) {
+    own->clear();
+    own->append(text);
+  } else {
+    *this = fromWellFormed(text);
+  }
+}
+
+/// The block that nobody else holds; null if there is none.
+String::Block* String::ownBlock() const noexcept {
+  const bool isOwn = storage_ && storage_->isBlock && storage_->holderCount() == 1;
+  return isOwn ? const_cast<Block*>(static_cast<const Block*>(storage_.get())) : nullptr;
 }
 
 Int String::characterCount() const noexcept {
@@ -113,8 +135,8 @@ std::size_t String::findHash() const noexcept {
 }
 
 bool String::isEqual(const String& other) const noexcept {
-  if (isASCII() && other.isASCII()) return view() == other.view();
-  return view() == other.view() || unicode::areEquivalent(*this, other);
+  const bool haveSameBytes = size() == other.size() && std::memcmp(view().data(), other.view().data(), size()) == 0;
+  return haveSameBytes || (!(isASCII() && other.isASCII()) && unicode::areEquivalent(*this, other));
 }
 
 std::strong_ordering operator<=>(const String& left, const String& right) noexcept {

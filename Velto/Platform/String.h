@@ -43,6 +43,7 @@ class String {
     static void operator delete(void* memory) { ::operator delete(memory); }
     bool hasRoomFor(std::string_view piece) const noexcept { return piece.size() <= capacity - size; }
     void append(std::string_view piece) noexcept;
+    void clear() noexcept;
     char* bytes() noexcept { return reinterpret_cast<char*>(this + 1); }
 
     std::size_t capacity;
@@ -67,6 +68,10 @@ class String {
 
   /// Takes `text` unchecked; it must be well-formed.
   static String fromWellFormed(std::string_view text);
+  /// A text of ASCII of `most` bytes at most: `write` gets the place where it is to stand and gives the end of what it
+  /// wrote there.
+  template <typename Write>
+  static String writtenASCII(std::size_t most, Write write);
   static String concatenation(std::initializer_list<std::string_view> pieces);
   static bool isWellFormed(std::string_view text) noexcept;
 
@@ -85,13 +90,17 @@ class String {
   /// The text with `piece`, which must be well-formed, behind it. Where nobody else holds the text it grows in place,
   /// with room for more of the same, so that a long text can be made of many pieces without being copied for each.
   String appending(std::string_view piece) &&;
+  /// Becomes `text`, which must be well-formed; in place, if nobody else holds this one and there is room.
+  void rewrite(std::string_view text);
 
   Int characterCount() const noexcept;
   Int utf16Length() const noexcept;
   std::size_t hash() const noexcept {
-    const std::size_t known = storage_ ? storage_->hash.load(std::memory_order_relaxed) : 0;
+    const std::size_t known = knownHash();
     return known != 0 ? known : findHash();
   }
+  /// 0 where nobody has asked for the hash before.
+  std::size_t knownHash() const noexcept { return storage_ ? storage_->hash.load(std::memory_order_relaxed) : 0; }
 
   /// Whether no other text shares the memory of this one.
   bool isAlone() const noexcept { return !storage_ || storage_->holderCount() == 1; }
@@ -106,10 +115,18 @@ class String {
  private:
   bool isEqual(const String& other) const noexcept;
   std::size_t findHash() const noexcept;
+  Block* ownBlock() const noexcept;
   explicit String(Ref<const Storage> storage) noexcept : storage_(std::move(storage)) {}
 
   Ref<const Storage> storage_;  // empty for the empty text
 };
+
+template <typename Write>
+String String::writtenASCII(std::size_t most, Write write) {
+  Ref<Block> block = Block::allocated(most);
+  block->size = static_cast<std::size_t>(write(block->bytes()) - block->bytes());
+  return block->size == 0 ? String() : String(Ref<const Storage>(std::move(block)));
+}
 
 [[gnu::visibility("default")]] std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
 

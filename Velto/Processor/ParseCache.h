@@ -38,13 +38,11 @@ class ParseCache {
   void clear() noexcept;
 
  private:
-  const Url& standardized(const Url& url);
-
   std::shared_ptr<Logger> logger_;
   std::shared_ptr<FileSystem> fileSystem_;
   std::shared_ptr<TextPool> texts_;
   std::unordered_map<Url, FileStatements> cache_;
-  std::unordered_map<Url, Url> standardized_;  // what each address that was asked for comes to
+  std::unordered_map<Url, FileStatements> known_;  // the same by each address that was asked for
 };
 
 }  // namespace velto

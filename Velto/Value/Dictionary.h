@@ -51,6 +51,19 @@ class Dictionary final : public Mapping {
   /// The same for a text, with a look at first for this very one: most texts are written in the program, and texts of
   /// one pool are the same in memory.
   const Value* findText(const String& key) const;
+  /// The value at `place` if this very text is the key there. A look, and no search.
+  const Value* findTextAt(std::size_t place, const String& key) const noexcept {
+    if (place >= entries_.size()) return nullptr;
+    const Entry& entry = entries_[place];
+    const String* const text = entry.key.string();
+    return text && text->isSameAs(key) ? &entry.value : nullptr;
+  }
+  /// Where a value lies that has been found here.
+  std::size_t placeOf(const Value& found) const noexcept {
+    const auto offset =
+        reinterpret_cast<const std::byte*>(&found) - reinterpret_cast<const std::byte*>(&entries_[0].value);
+    return static_cast<std::size_t>(offset) / sizeof(Entry);
+  }
 
   /// The entry whose key alone can equal that of an entry of `other`; null if there is none.
   const Entry* counterpart(const Dictionary& other, std::size_t index) const;
