@@ -38,11 +38,15 @@ coverage: dependencies
 	gcovr --root . --filter Velto/ --exclude-throw-branches --exclude-unreachable-branches \
 	  --fail-under-line 95 build/coverage
 
+# How time and memory grow: the stages over sizes of their input, then whole programs in processes of their own.
 bench: dependencies
 	scripts/install-dependencies libbenchmark-dev
 	cmake --preset benchmarks
 	cmake --build --preset benchmarks -j $(JOBS)
-	for program in build/benchmarks/bin/*Benchmarks; do $$program || exit 1; done
+	build/benchmarks/bin/VeltoBenchmarks
+	build/benchmarks/bin/VeltoMemory
+	build/benchmarks/bin/VeltoGrowth build/benchmarks/bin/velto build/workloads
+	build/benchmarks/bin/VeltoScripts build/benchmarks/bin/velto build/workloads
 
 format:
 	scripts/install-dependencies clang-format

@@ -1,21 +1,18 @@
-// JSON documents and long collections, over numbers of elements.
+// JSON documents over their bytes, and long collections over numbers of elements.
 #include <benchmark/benchmark.h>
 
 #include "Velto/Velto.h"
+#include "benchmarks/Model.h"
 
 namespace velto::benchmarks {
 namespace {
 
-void measureJSON(benchmark::State& state) {
-  std::string document = "[";
-  for (std::int64_t index = 0; index < state.range(0); ++index) {
-    document += (index ? "," : "") + ("{\"name\":\"entity " + std::to_string(index)) +
-                "\",\"size\":" + std::to_string(index) + ",\"isPublic\":true,\"tags\":[\"a\",\"b\"],\"parent\":null}";
-  }
-  document += "]";
+void measureJSON(benchmark::State& state, MakeData makeData, std::int64_t bytesEach) {
+  const std::int64_t count = std::max<std::int64_t>(1, state.range(0) / bytesEach);
+  const std::string document = makeData(Script::latin, static_cast<std::size_t>(count));
   for (auto _ : state) benchmark::DoNotOptimize(parseJSON(document));
   state.SetBytesProcessed(static_cast<std::int64_t>(document.size()) * state.iterations());
-  state.SetComplexityN(state.range(0));
+  state.SetComplexityN(static_cast<std::int64_t>(document.size()));
 }
 
 void measureDictionary(benchmark::State& state) {
@@ -28,12 +25,13 @@ void measureDictionary(benchmark::State& state) {
   state.SetComplexityN(state.range(0));
 }
 
-void elements(benchmark::internal::Benchmark* benchmark) {
-  benchmark->RangeMultiplier(16)->Range(1 << 6, 1 << 18)->Complexity()->Unit(benchmark::kMicrosecond);
+void sizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->RangeMultiplier(10)->Range(1'000, 100'000'000)->Complexity()->Unit(benchmark::kMicrosecond);
 }
 
-BENCHMARK(measureJSON)->Apply(elements);
-BENCHMARK(measureDictionary)->Apply(elements);
+BENCHMARK_CAPTURE(measureJSON, model, model, 1700)->Apply(sizes);
+BENCHMARK_CAPTURE(measureJSON, table, table, 85)->Apply(sizes);
+BENCHMARK(measureDictionary)->RangeMultiplier(10)->Range(100, 10'000'000)->Complexity()->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace velto::benchmarks

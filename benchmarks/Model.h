@@ -13,4 +13,6 @@ std::string model(Script script, std::size_t entities);
 /// The JSON of a table with so many rows of ten cells.
 std::string table(Script script, std::size_t rows);
 
+using MakeData = std::string (*)(Script script, std::size_t count);
+
 }  // namespace velto::benchmarks

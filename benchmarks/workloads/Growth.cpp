@@ -4,7 +4,8 @@
 //
 // VELTO is the command, and FOLDER a place to work in, which is emptied. Each line shows the processor time, the peak
 // of memory, and by which power of the size both have grown since the line before, the cost of an empty program
-// apart: 1.0 is in proportion to the work. No program may hold more than three descriptors of its own at once.
+// apart: 1.0 is in proportion to the work. How much of the time the system took is shown as well. No program may hold
+// more than three descriptors of its own at once.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -13,7 +14,7 @@
 #include <span>
 
 #include "benchmarks/Model.h"
-#include "benchmarks/workloads/Process.h"
+#include "benchmarks/workloads/Workspace.h"
 
 namespace {
 
@@ -21,13 +22,13 @@ namespace fs = std::filesystem;
 using namespace velto::benchmarks;
 
 /// Writes what a workload needs beside its own files.
-using Prepare = void (*)(const fs::path& folder, std::size_t size);
+using Write = void (*)(const fs::path& folder, std::size_t size);
 
 struct Workload {
   const char* name;
   const char* unit;
   std::array<std::size_t, 3> sizes;
-  Prepare prepare;
+  Write write;
 };
 
 void writeNothing(const fs::path&, std::size_t) {
@@ -113,21 +114,20 @@ constexpr Workload workloads[] = {
 
 class Measurement {
  public:
-  Measurement(fs::path velto, fs::path folder) : velto_(fs::absolute(velto)), folder_(std::move(folder)) {
-    emptyFolder();
-    std::ofstream(folder_ / "main.velto") << "";
-    empty_ = run(0);
+  Measurement(const fs::path& velto, fs::path folder) : workspace_(velto, std::move(folder)) {
+    workspace_.prepare("empty", [](const fs::path& place) { std::ofstream(place / "main.velto") << ""; });
+    empty_ = workspace_.run(0);
     std::printf("%-58s %8s %6s %8s %8s %6s\n", "", "ms", "power", "system", "MB", "power");
     std::printf("%-58s %8.1f %6s %8.1f %8.1f\n", "an empty program", empty_.milliseconds, "", empty_.system,
                 empty_.megabytes);
   }
 
-  void measure(const Workload& workload) {
+  void measure(const Workload& workload) const {
     std::size_t sizeBefore = 0;
     Cost before = empty_;
     for (const std::size_t size : workload.sizes) {
-      prepare(workload, size);
-      const Cost cost = run(size);
+      workspace_.prepare(workload.name, [&](const fs::path& place) { workload.write(place, size); });
+      const Cost cost = workspace_.run(size);
       std::printf("%-14s %10zu %-32s", workload.name, size, workload.unit);
       const double growth = static_cast<double>(size) / static_cast<double>(sizeBefore);
       show(cost.milliseconds - empty_.milliseconds, before.milliseconds - empty_.milliseconds, growth);
@@ -141,25 +141,6 @@ class Measurement {
   }
 
  private:
-  void emptyFolder() const {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-
-  void prepare(const Workload& workload, std::size_t size) const {
-    emptyFolder();
-    const fs::path source = fs::path(WORKLOADS) / workload.name;
-    if (fs::exists(source)) fs::copy(source, folder_);
-    workApart([&] { workload.prepare(folder_, size); });
-  }
-
-  Cost run(std::size_t size) const {
-    constexpr unsigned descriptors = 3;
-    return costOf({velto_, "run", "--output", folder_ / "output", "--set-json", "size=" + std::to_string(size),
-                   folder_ / "main.velto"},
-                  descriptors);
-  }
-
   /// A cost, and the power of the size by which it has grown; none where there was too little of it before.
   static void show(double cost, double before, double growth) {
     constexpr double least = 1;
@@ -171,8 +152,7 @@ class Measurement {
     }
   }
 
-  fs::path velto_;
-  fs::path folder_;
+  Workspace workspace_;
   Cost empty_{};
 };
 

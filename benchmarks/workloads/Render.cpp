@@ -12,34 +12,12 @@
 #include <vector>
 
 #include "Velto/Velto.h"
+#include "benchmarks/CountingFileSystem.h"
 
 namespace {
 
 using namespace velto;
-
-class CountingHandle final : public FileHandle {
- public:
-  explicit CountingHandle(std::size_t& count) : count_(count) {}
-  void write(std::string_view bytes) override { count_ += bytes.size(); }
-
- private:
-  std::size_t& count_;
-};
-
-/// Reads the files of this machine, and counts what is written.
-class CountingFileSystem final : public FileSystem {
- protected:
-  std::string doRead(const Url& url) override { return local()->readBytes(url); }
-  std::shared_ptr<FileHandle> doCreate(const Url&) override { return std::make_shared<CountingHandle>(count_); }
-  std::shared_ptr<FileHandle> doDescriptor(int) override { return std::make_shared<CountingHandle>(count_); }
-  bool doCreateDirectory(const Url&) override { return true; }
-  bool doCopy(const Url&, const Url&) override { return true; }
-  bool doIsDirectory(const Url& url) override { return local()->isDirectory(url); }
-  Url doCurrentDirectory() override { return local()->currentDirectory(); }
-
- private:
-  std::size_t count_ = 0;
-};
+using benchmarks::CountingFileSystem;
 
 /// Writes below a folder, and what is printed into a file.
 class FolderFileSystem final : public FileSystem {
