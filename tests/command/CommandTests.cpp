@@ -279,6 +279,21 @@ TEST_F(CommandTest, EndsWhenMemoryRunsOut) {
 }
 #endif
 
+TEST_F(CommandTest, HoldsThreeDescriptorsAtMostHoweverManyFilesItWrites) {
+  put("main.velto", "for i in 0..<500 process(\"page.txt\", into: \"\\(i).txt\") end");
+  put("page.txt", "<% include \"line.txt\" %>");
+  put("line.txt", "page <%= i %>");
+  process.prepare = [] {
+    ::close_range(3, ~0U, 0);
+    constexpr rlimit descriptors{6, 6};
+    ::setrlimit(RLIMIT_NOFILE, &descriptors);
+  };
+  const Result result = run({"run", "--output", ".", "main.velto"});
+  EXPECT_EQ(result.status, 0) << result.messages;
+  EXPECT_EQ(contentOf("0.txt"), "page 0");
+  EXPECT_EQ(contentOf("499.txt"), "page 499");
+}
+
 TEST_F(CommandTest, WritesItsFilesThoughNobodyReadsItsOutput) {
   put("main.velto", "print(\"a\")\nprocess(\"page.txt\", into: \"out.txt\")\n");
   put("page.txt", "text");
