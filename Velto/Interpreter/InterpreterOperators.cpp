@@ -185,6 +185,7 @@ Value Interpreter::valueOf(const ArrayLiteral& node) {
 
 Value Interpreter::valueOf(const DictionaryLiteral& node) {
   Dictionary dictionary;
+  dictionary.reserve(node.elements.size());
   for (const auto& [keyExpression, valueExpression] : node.elements) {
     Value key = evaluateKey(keyExpression, keyExpression.range());
     dictionary.set(std::move(key), evaluate(valueExpression));

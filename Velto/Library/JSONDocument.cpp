@@ -2,12 +2,14 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Velto/Library/JSONLibrary.h"
 #include "Velto/Library/JSONNumber.h"
+#include "Velto/Library/JSONShapes.h"
 #include "Velto/Library/JSONTexts.h"
 #include "Velto/Library/JSONTokens.h"
 #include "Velto/Platform/StackGuard.h"
@@ -92,7 +94,7 @@ class DocumentReader {
       } while (take(','));
       if (!take('}')) return false;
     }
-    replaceParts(begin, takeDictionary(begin));
+    replaceParts(begin, shapes_.take(std::span(parts_).subspan(begin)));
     return true;
   }
 
@@ -155,39 +157,11 @@ class DocumentReader {
     parts_.push_back(std::move(whole));
   }
 
-  Dictionary takeDictionary(std::size_t begin) {
-    Dictionary dictionary;
-    dictionary.reserve((parts_.size() - begin) / 2);
-    const bool areNew = areDistinct(begin);
-    for (std::size_t index = begin; index < parts_.size(); index += 2) {
-      if (areNew) {
-        dictionary.add(std::move(parts_[index]), std::move(parts_[index + 1]));
-      } else {
-        dictionary.set(std::move(parts_[index]), std::move(parts_[index + 1]));
-      }
-    }
-    return dictionary;
-  }
-
-  /// Whether a look at where the keys of an object stand in memory shows that they differ: those with the same bytes
-  /// are one text, and only of texts beyond ASCII two can be equal with other bytes.
-  bool areDistinct(std::size_t begin) const noexcept {
-    constexpr std::size_t few = 2 * 8;
-    if (parts_.size() - begin > few) return false;
-    for (std::size_t index = begin; index < parts_.size(); index += 2) {
-      const String& key = *parts_[index].string();
-      if (!key.isASCII()) return false;
-      for (std::size_t before = begin; before < index; before += 2) {
-        if (parts_[before].string()->isSameAs(key)) return false;
-      }
-    }
-    return true;
-  }
-
   JSONTokens tokens_;
   std::size_t token_ = 0;
   std::vector<Value> parts_;  // of the arrays and objects that are being read, so that each is made at its size
   JSONKeys keys_;
+  JSONShapes shapes_;
   JSONRecentTexts texts_;
   StackGuard stack_;
 };

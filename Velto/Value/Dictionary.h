@@ -1,9 +1,8 @@
 // Dictionaries: of values, and of anything else that a host holds.
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <span>
+#include <cstddef>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -12,7 +11,7 @@
 #include "Velto/Value/Value.h"
 
 namespace velto {
-class KeyIndex;
+class DictionaryKeys;
 }
 
 namespace [[gnu::visibility("default")]] velto {
@@ -29,10 +28,12 @@ class Mapping : public Object {
 /// A dictionary of values that keeps the order of insertion, filled once and const ever after.
 class Dictionary final : public Mapping {
  public:
+  /// A key and its value, looked at where they stand.
   struct Entry {
-    Value key;
-    Value value;
+    const Value& key;
+    const Value& value;
   };
+  class Entries;
 
   Dictionary() noexcept;
   Dictionary(const Dictionary& other);
@@ -46,43 +47,77 @@ class Dictionary final : public Mapping {
   /// Stores `value` under a key that is known to equal none of those that stand there.
   void add(Value key, Value value);
   void reserve(std::size_t count);
+  /// A dictionary with the same keys, which the two will share, and a value for each of them.
+  Dictionary withValues(std::vector<Value> values) const;
+
   /// Null if there is no such key.
   const Value* find(const Value& key) const;
   /// The same for a text, with a look at first for this very one: most texts are written in the program, and texts of
   /// one pool are the same in memory.
   const Value* findText(const String& key) const;
   /// The value at `place` if this very text is the key there. A look, and no search.
-  const Value* findTextAt(std::size_t place, const String& key) const noexcept {
-    if (place >= entries_.size()) return nullptr;
-    const Entry& entry = entries_[place];
-    const String* const text = entry.key.string();
-    return text && text->isSameAs(key) ? &entry.value : nullptr;
-  }
+  const Value* findTextAt(std::size_t place, const String& key) const noexcept;
   /// Where a value lies that has been found here.
-  std::size_t placeOf(const Value& found) const noexcept {
-    const auto offset =
-        reinterpret_cast<const std::byte*>(&found) - reinterpret_cast<const std::byte*>(&entries_[0].value);
-    return static_cast<std::size_t>(offset) / sizeof(Entry);
-  }
+  std::size_t placeOf(const Value& found) const noexcept { return static_cast<std::size_t>(&found - values_.data()); }
 
-  /// The entry whose key alone can equal that of an entry of `other`; null if there is none.
-  const Entry* counterpart(const Dictionary& other, std::size_t index) const;
+  /// The entry whose key alone can equal that of an entry of `other`; nothing if there is none.
+  std::optional<Entry> counterpart(const Dictionary& other, std::size_t index) const;
 
-  std::span<const Entry> entries() const noexcept { return entries_; }
+  /// In the order of insertion.
+  Entries entries() const noexcept;
 
-  std::size_t size() const noexcept override { return entries_.size(); }
+  std::size_t size() const noexcept override { return values_.size(); }
   String objectDescription() const override;
 
  private:
-  void makeIndex(std::size_t count);
-  // The place behind the last entry stands for none.
-  std::size_t placeOf(const Value& key, std::uint64_t hash) const;
-  std::size_t placeAmongFew(const String& key) const;
-  const Entry* entryAt(std::size_t place) const noexcept;
+  DictionaryKeys& ownKeys();
   const Value* valueAt(std::size_t place) const noexcept;
 
-  std::vector<Entry> entries_;
-  std::unique_ptr<KeyIndex> index_;  // null while the keys are a few texts
+  Ref<DictionaryKeys> keys_;  // null while there are none; shared, until a key comes
+  std::vector<Value> values_;
+};
+
+/// The entries of a dictionary, good for as long as nothing is put into it.
+class Dictionary::Entries {
+ public:
+  class Iterator {
+   public:
+    using value_type = Entry;
+    using difference_type = std::ptrdiff_t;
+
+    Iterator() noexcept = default;
+    Iterator(const Value* key, const Value* value) noexcept : key_(key), value_(value) {}
+
+    Entry operator*() const noexcept { return {*key_, *value_}; }
+    Iterator& operator++() noexcept {
+      ++key_;
+      ++value_;
+      return *this;
+    }
+    Iterator operator++(int) noexcept {
+      const Iterator before = *this;
+      ++*this;
+      return before;
+    }
+    friend bool operator==(const Iterator& left, const Iterator& right) noexcept { return left.key_ == right.key_; }
+
+   private:
+    const Value* key_ = nullptr;
+    const Value* value_ = nullptr;
+  };
+
+  Entries(const Value* keys, const Value* values, std::size_t size) noexcept
+      : keys_(keys), values_(values), size_(size) {}
+
+  std::size_t size() const noexcept { return size_; }
+  Entry operator[](std::size_t index) const noexcept { return {keys_[index], values_[index]}; }
+  Iterator begin() const noexcept { return {keys_, values_}; }
+  Iterator end() const noexcept { return {keys_ + size_, values_ + size_}; }
+
+ private:
+  const Value* keys_;
+  const Value* values_;
+  std::size_t size_;
 };
 
 /// A dictionary of other host values.

@@ -13,13 +13,13 @@ namespace velto {
 namespace {
 
 template <typename T>
-constexpr bool isEntry = OneOf<T, Dictionary::Entry, HostDictionary::Entry>;
+constexpr bool isOfEntries = OneOf<T, Dictionary::Entries, std::span<const HostDictionary::Entry>>;
 
 // The parts of a dictionary are its keys and values in turn.
 
 template <typename T>
-std::size_t partCount(std::span<const T> contents) {
-  return isEntry<T> ? contents.size() * 2 : contents.size();
+std::size_t partCount(const T& contents) {
+  return isOfEntries<T> ? contents.size() * 2 : contents.size();
 }
 
 template <typename T>
@@ -27,7 +27,7 @@ const T& part(std::span<const T> elements, std::size_t index) {
   return elements[index];
 }
 
-const Value& part(std::span<const Dictionary::Entry> entries, std::size_t index) {
+const Value& part(const Dictionary::Entries& entries, std::size_t index) {
   return index % 2 == 0 ? entries[index / 2].key : entries[index / 2].value;
 }
 
@@ -36,8 +36,8 @@ const HostValue& part(std::span<const HostDictionary::Entry> entries, std::size_
 }
 
 template <typename T>
-std::string_view separator(std::span<const T>, std::size_t index) {
-  if (isEntry<T> && index % 2 == 1) return ": ";
+std::string_view separator(const T&, std::size_t index) {
+  if (isOfEntries<T> && index % 2 == 1) return ": ";
   return index > 0 ? ", " : "";
 }
 
@@ -95,8 +95,8 @@ class Printer {
   }
 
   template <typename T>
-  void stepIn(std::span<const T> contents, Form form, std::size_t index) {
-    if (index == partCount(contents)) return close(isEntry<T> && index == 0);
+  void stepIn(const T& contents, Form form, std::size_t index) {
+    if (index == partCount(contents)) return close(isOfEntries<T> && index == 0);
     text_.append(separator(contents, index));
     add(part(contents, index), form);
   }

@@ -11,7 +11,7 @@
 namespace velto {
 
 /// The contents of an array or of a dictionary, of values or of other host values.
-using Contents = std::variant<std::span<const Value>, std::span<const Dictionary::Entry>, std::span<const HostValue>,
+using Contents = std::variant<std::span<const Value>, Dictionary::Entries, std::span<const HostValue>,
                               std::span<const HostDictionary::Entry>>;
 
 /// Text that a host holds prints bare, or in the debug form: in double quotes. That of a value is always bare.

@@ -1,4 +1,5 @@
 // When two values are equal.
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -52,8 +53,8 @@ class Comparison {
 
   bool takeEntries(const Dictionary& left, const Dictionary& right) {
     for (std::size_t index = 0; index < left.size(); ++index) {
-      const Dictionary::Entry& entry = left.entries()[index];
-      const Dictionary::Entry* counterpart = right.counterpart(left, index);
+      const Dictionary::Entry entry = left.entries()[index];
+      const std::optional<Dictionary::Entry> counterpart = right.counterpart(left, index);
       if (!counterpart || !take(entry.key, counterpart->key) || !take(entry.value, counterpart->value)) return false;
     }
     return true;

@@ -19,7 +19,7 @@ void add(std::map<std::string, Size>& sizes, const Value& value) {
   } else if (const Dictionary* const dictionary = value.dictionary()) {
     addBytes("dictionaries", 1, bytesTaken(sizeof(Dictionary)));
     const std::size_t size = dictionary->size();
-    if (size > 0) addBytes("entries of dictionaries", size, bytesTaken(size * sizeof(Dictionary::Entry)));
+    if (size > 0) addBytes("values of dictionaries", size, bytesTaken(size * sizeof(Value)));
     for (const Dictionary::Entry& entry : dictionary->entries()) add(sizes, entry.value);
   } else if (value.string()) {
     addBytes("uses of texts", 1, 0);

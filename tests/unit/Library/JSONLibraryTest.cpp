@@ -273,6 +273,35 @@ TEST(JSONDocumentTest, KeysThatRepeatShareOneText) {
   EXPECT_TRUE(keyOf(0)->isSameAs(*keyOf(1)));
 }
 
+TEST(JSONDocumentTest, ObjectsWithTheSameKeysInTheSameOrderShareThem) {
+  const std::optional<Value> value =
+      parseJSON(R"([{"a":1,"b":2},{"b":3,"a":4},{"a":5,"b":6},{"a":7},{"a":8,"b":9,"c":0}])");
+  const auto keysOf = [&](std::size_t index) {
+    return &value->array()->elements()[index].dictionary()->entries()[0].key;
+  };
+  EXPECT_EQ(keysOf(0), keysOf(2));
+  for (const std::size_t other : {1, 3, 4}) EXPECT_NE(keysOf(0), keysOf(other));
+  EXPECT_EQ(value->description(), String("[[a: 1, b: 2], [b: 3, a: 4], [a: 5, b: 6], [a: 7], [a: 8, b: 9, c: 0]]"));
+}
+
+TEST(JSONDocumentTest, ObjectsWithManyKeysAreReadLikeThoseWithFew) {
+  for (const int count : {8, 9, 64, 65, 1000}) {
+    std::string object = "{\"key 0\":0";
+    for (int number = 1; number < count; ++number) {
+      object += ",\"key " + std::to_string(number) + "\":" + std::to_string(number);
+    }
+    object += "}";
+    const std::optional<Value> value = parseJSON("[" + object + "," + object + "]");
+    ASSERT_TRUE(value) << count;
+    const auto& elements = value->array()->elements();
+    EXPECT_EQ(elements[0], elements[1]);
+    for (const Value& element : elements) {
+      EXPECT_EQ(*element.dictionary()->find("key " + std::to_string(count - 1)), Value(count - 1));
+      EXPECT_FALSE(element.dictionary()->find("key"));
+    }
+  }
+}
+
 std::string nested(std::size_t depth, std::string_view open, std::string_view close) {
   std::string document;
   for (std::size_t i = 0; i < depth; ++i) document += open;

@@ -94,23 +94,23 @@ void compareWithList(int distinctKeys, int operations, bool reserves) {
   std::mt19937 generator(7);
   Dictionary dictionary;
   if (reserves) dictionary.reserve(static_cast<std::size_t>(distinctKeys));
-  std::vector<Dictionary::Entry> list;
+  std::vector<std::pair<Value, Value>> list;
   for (int count = 0; count < operations; ++count) {
     const int number = static_cast<int>(generator() % static_cast<unsigned>(distinctKeys));
     const Value key = number % 2 == 0 ? Value(number) : Value(decimal(number));
-    const auto place = std::ranges::find(list, key, &Dictionary::Entry::key);
+    const auto place = std::ranges::find(list, key, &std::pair<Value, Value>::first);
     if (place == list.end()) {
-      list.push_back({key, count});
+      list.emplace_back(key, count);
     } else {
-      place->value = count;
+      place->second = count;
     }
     dictionary.set(key, count);
   }
   ASSERT_EQ(dictionary.size(), list.size());
   for (std::size_t index = 0; index < list.size(); ++index) {
-    EXPECT_EQ(dictionary.entries()[index].key, list[index].key);
-    EXPECT_EQ(dictionary.entries()[index].value, list[index].value);
-    EXPECT_EQ(*dictionary.find(list[index].key), list[index].value);
+    EXPECT_EQ(dictionary.entries()[index].key, list[index].first);
+    EXPECT_EQ(dictionary.entries()[index].value, list[index].second);
+    EXPECT_EQ(*dictionary.find(list[index].first), list[index].second);
   }
   EXPECT_FALSE(dictionary.find("missing"));
 }
@@ -130,6 +130,35 @@ TEST(Dictionary, ACopyIsADictionaryOfItsOwn) {
   second.set("b", 3);
   EXPECT_EQ(first.objectDescription(), String("[a: 1]"));
   EXPECT_EQ(second.objectDescription(), String("[a: 2, b: 3]"));
+}
+
+TEST(Dictionary, KeysAreSharedUntilOneMoreComes) {
+  for (const int size : {3, 20}) {
+    Dictionary first;
+    for (int number = 0; number < size; ++number) first.set("key" + std::to_string(number), number);
+    Dictionary second = first.withValues(std::vector<Value>(static_cast<std::size_t>(size), true));
+    EXPECT_EQ(&first.entries()[0].key, &second.entries()[0].key);
+    EXPECT_EQ(*second.find("key2"), Value(true));
+
+    second.set("more", 1);
+    EXPECT_NE(&first.entries()[0].key, &second.entries()[0].key);
+    EXPECT_EQ(first.size(), static_cast<std::size_t>(size));
+    EXPECT_EQ(*first.find("key2"), Value(2));
+    EXPECT_FALSE(first.find("more"));
+    EXPECT_EQ(*second.find("more"), Value(1));
+  }
+}
+
+TEST(Dictionary, EqualityLooksAtTheValuesOfSharedKeys) {
+  Dictionary first;
+  first.set("a", 1);
+  first.set(nan, 2);
+  EXPECT_NE(Value(first), Value(first));  // no number that isn't one equals another
+  Dictionary texts;
+  texts.set("a", 1);
+  texts.set("b", 2);
+  EXPECT_EQ(Value(texts.withValues({1, 2})), Value(texts));
+  EXPECT_NE(Value(texts.withValues({2, 1})), Value(texts));
 }
 
 }  // namespace
