@@ -23,7 +23,8 @@ class Uuid {
 
   /// 36 characters: upper-case hexadecimal in groups of 8, 4, 4, 4 and 12, joined by hyphens.
   String description() const;
-  std::size_t hash() const noexcept { return static_cast<std::size_t>(halves_[0]); }
+  /// Random in all bits but the highest two, so that any of the lower ones will do for a place in a table.
+  std::size_t hash() const noexcept { return static_cast<std::size_t>(halves_[1]); }
 
   // Written out, since comparing two arrays is a call.
   friend bool operator==(const Uuid& left, const Uuid& right) noexcept {

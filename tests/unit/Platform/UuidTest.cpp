@@ -34,6 +34,16 @@ TEST(Uuid, IsFreshAtEachConstructionAndKeptByCopies) {
   EXPECT_NE(first, Uuid());
 }
 
+// Of as many throws as there are places, 63 in 100 places are hit.
+TEST(Uuid, HashesAreSpreadOverTablesOfAnySize) {
+  for (int bits = 8; bits <= 18; ++bits) {
+    const std::size_t places = std::size_t{1} << bits;
+    std::unordered_set<std::size_t> hit;
+    for (std::size_t round = 0; round < places; ++round) hit.insert(Uuid().hash() & (places - 1));
+    EXPECT_GT(hit.size(), places / 2) << bits;
+  }
+}
+
 TEST(Uuid, DoesNotRepeat) {
   std::unordered_set<std::string> seen;
   for (int round = 0; round < 10'000; ++round) seen.emplace(Uuid().description().view());
