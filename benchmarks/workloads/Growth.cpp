@@ -84,6 +84,13 @@ void writeDistantScopes(const fs::path& folder, std::size_t size) {
   for (std::size_t depth = 1; depth <= size; ++depth) page << "<% end %>";
 }
 
+void writeVariables(const fs::path& folder, std::size_t size) {
+  std::ofstream program(folder / "main.velto");
+  for (std::size_t index = 0; index < size; ++index) program << "var v" << index << " = " << index << "\n";
+  program << "var sum = 0\n";
+  for (std::size_t index = 0; index < size; ++index) program << "sum = sum + v" << index << "\n";
+}
+
 void writeCalls(const fs::path& folder, std::size_t size) {
   std::ofstream(folder / "main.velto") << "func down(_ depth)\nif depth == 0\nreturn 0\nend\n"
                                        << "return 1 + down(depth - 1)\nend\n"
@@ -109,6 +116,7 @@ constexpr Workload workloads[] = {
     {"scopes", "scopes nested", {10, 100, 1'000}, writeScopes},
     {"templateScopes", "scopes nested in a template", {10, 100, 1'000}, writeTemplateScopes},
     {"distantScopes", "scopes to the variable", {10, 100, 1'000}, writeDistantScopes},
+    {"variables", "variables in a scope", {1'000, 10'000, 100'000}, writeVariables},
     {"calls", "calls nested", {10, 100, 1'000}, writeCalls},
 };
 
