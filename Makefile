@@ -43,7 +43,7 @@ bench: dependencies
 	scripts/install-dependencies libbenchmark-dev
 	cmake --preset benchmarks
 	cmake --build --preset benchmarks -j $(JOBS)
-	build/benchmarks/bin/VeltoBenchmarks
+	build/benchmarks/bin/VeltoBenchmarks --benchmark_min_time=0.1
 	build/benchmarks/bin/VeltoMemory
 	build/benchmarks/bin/VeltoGrowth build/benchmarks/bin/velto build/workloads
 	build/benchmarks/bin/VeltoScripts build/benchmarks/bin/velto build/workloads
