@@ -1,6 +1,6 @@
 # The commands of daily work. CMake does the building; see CMakePresets.json.
 .DEFAULT_GOAL := build
-.PHONY: build demo test coverage bench format dependencies clean
+.PHONY: build demo test fuzz coverage bench format dependencies clean
 
 JOBS ?= $(shell nproc)
 CTEST := ctest --output-on-failure --no-tests=error -j $(JOBS)
@@ -27,6 +27,14 @@ test: dependencies
 	cmake --preset sanitizers
 	cmake --build --preset sanitizers -j $(JOBS)
 	$(CTEST) --test-dir build/sanitizers
+
+# Looks for inputs that break a promise: `make fuzz SECONDS=600` takes ten minutes for each fuzzer.
+SECONDS ?= 60
+fuzz: dependencies
+	scripts/install-dependencies clang libclang-rt-14-dev
+	cmake --preset fuzz
+	cmake --build --preset fuzz -j $(JOBS)
+	scripts/run-fuzzers $(SECONDS)
 
 # Which lines of the library the tests reach.
 coverage: dependencies
