@@ -1,0 +1,153 @@
+#include "support/Run.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+
+#include "Velto/Diagnostics/VeltoError.h"
+#include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Interpreter/Resolver.h"
+#include "Velto/Platform/MemoryFileSystem.h"
+#include "Velto/Processor/ParseFile.h"
+#include "Velto/Processor/Processor.h"
+#include "support/Bounds.h"
+#include "support/Require.h"
+#include "support/SourceMap.h"
+
+namespace velto::fuzz {
+namespace {
+
+constexpr Limits limits{.steps = 20'000, .largest = std::size_t{1} << 20, .memory = std::size_t{64} << 20};
+
+/// All that a run leaves behind.
+class Outcome {
+ public:
+  explicit Outcome(const Files& files) {
+    for (const auto& [name, content] : files) fileSystem->files["/" + name] = content;
+  }
+
+  const std::shared_ptr<MemoryFileSystem> fileSystem = std::make_shared<MemoryFileSystem>();
+  const std::shared_ptr<ArrayLogger> logger = std::make_shared<ArrayLogger>();
+  std::string end;
+  std::optional<Stopped> stopped;
+
+  /// A part of memory is refused sooner or later, as other runs have left caches.
+  bool isCutShort() const { return stopped && stopped->reason == Stop::Reason::memory; }
+  std::string output() const {
+    const auto output = fileSystem->files.find("<1>");
+    return output != fileSystem->files.end() ? output->second : std::string();
+  }
+  std::string description() const;
+
+  /// Runs `action` within the bounds, and notes how it ended.
+  template <typename Action>
+  void run(const Action& action) {
+    stopped = bounded(limits, [&] {
+      try {
+        action();
+        end = "done";
+      } catch (const VeltoError& error) {
+        end = error.step == VeltoError::Step::interpret ? "failed" : "not run";
+      } catch (const Error&) {
+        end = "not read";
+      }
+    });
+    FileSystem::flush();
+    if (stopped) end = "stopped: " + stopped->fatal;
+  }
+};
+
+std::string Outcome::description() const {
+  std::string text = end + "\n";
+  for (const Message& message : logger->messages) {
+    text.append(placeOf(message.range())).append(" ").append(message.description()).append("\n");
+  }
+  for (const std::string& folder : fileSystem->directories) text.append("folder ").append(folder).append("\n");
+  for (const auto& [path, content] : fileSystem->files) {
+    text.append("file ").append(path).append("\n").append(content).append("\n");
+  }
+  return text;
+}
+
+/// Whatever ended the run, all scopes but the globals are gone, and what is printed goes where it went before.
+void checkLeftBehind(Interpreter& interpreter, const Outcome& outcome) {
+  require(interpreter.stack().size() == 1, "A run leaves no scope on the stack.");
+  require(interpreter.stack().front().get() == &interpreter.globals(), "The outermost scope stays the outermost.");
+  const std::string before = outcome.output();
+  interpreter.print("probe");
+  FileSystem::flush();
+  requireEqual(outcome.output(), before + "probe", "Output goes where it went before the run.");
+  outcome.fileSystem->files["<1>"] = before;
+  if (before.empty()) outcome.fileSystem->files.erase("<1>");
+}
+
+/// The same steps as a `Processor` takes, with an interpreter that can be looked at.
+Outcome runInterpreter(const Files& files) {
+  Outcome outcome(files);
+  const Url base = Url::directory("");
+  const auto texts = std::make_shared<TextPool>();
+  Interpreter interpreter(base, outcome.logger, outcome.fileSystem, texts);
+  outcome.run([&] {
+    const Url program = base.appendingPathComponent(files.front().first);
+    const std::optional<Statements> statements =
+        parseFile(*outcome.fileSystem, program, Scanner::Mode::program, outcome.logger, texts);
+    if (!statements) throw VeltoError(VeltoError::Step::parse);
+    Resolver(interpreter).resolve(*statements);
+    interpreter.interpret(*statements);
+    const std::vector<Message>& messages = outcome.logger->messages;
+    const auto isError = [](const Message& message) { return message.level == Message::Level::error; };
+    require(!interpreter.hadError || std::any_of(messages.begin(), messages.end(), isError),
+            "A failure is told by a message.");
+    if (interpreter.hadError) throw VeltoError(VeltoError::Step::interpret);
+  });
+  checkLeftBehind(interpreter, outcome);
+  return outcome;
+}
+
+Outcome runProcessor(const Files& files) {
+  Outcome outcome(files);
+  Processor processor(Url(""), outcome.logger, outcome.fileSystem);
+  outcome.run([&] { processor.process(files.front().first); });
+  return outcome;
+}
+
+/// Its texts differ from run to run.
+bool makesUUIDs(const Files& files) {
+  return std::any_of(files.begin(), files.end(),
+                     [](const auto& file) { return file.second.find("makeUUID") != std::string::npos; });
+}
+
+void checkStop(const Outcome& outcome) {
+  requireLegal(outcome.stopped, {
+                                    "A cursor can't move beyond the end of its text.",
+                                    "Failed to interpret a number",
+                                    "Expected expression.",
+                                    "Expected ',', ':' or ']'.",
+                                    "The number ",
+                                    "Argument ",
+                                    "The upper bound of a range is below its lower bound",
+                                    "A loop can't run up to the largest integer.",
+                                    "The hash of a closed range can't be told",
+                                    "The scope of a resolved variable ",
+                                });
+}
+
+}  // namespace
+
+void checkRun(const Files& files) {
+  const Outcome first = runInterpreter(files);
+  checkStop(first);
+  if (makesUUIDs(files)) return;
+  const Outcome second = runProcessor(files);
+  if (first.isCutShort() || second.isCutShort()) return;
+  requireEqual(first.description(), second.description(), "Two runs leave the same behind.");
+}
+
+std::string textOf(const Files& files) {
+  std::string text;
+  for (const auto& [name, content] : files) text.append("--- ").append(name).append("\n").append(content).append("\n");
+  return text;
+}
+
+}  // namespace velto::fuzz

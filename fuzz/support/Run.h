@@ -1,0 +1,21 @@
+// Programs that run, twice, with what holds of every run.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace velto::fuzz {
+
+/// Names and contents; the first one is the program.
+using Files = std::vector<std::pair<std::string, std::string>>;
+
+/// Runs the program once through an interpreter and once through a processor. Both leave the same files, the same
+/// messages and the same end behind them, and the interpreter is as it was. What stops a run is one of the known stops.
+void checkRun(const Files& files);
+
+/// For messages.
+std::string textOf(const Files& files);
+
+}  // namespace velto::fuzz
