@@ -32,8 +32,14 @@ class Outcome {
   std::string end;
   std::optional<Stopped> stopped;
 
-  /// A part of memory is refused sooner or later, as other runs have left caches.
-  bool isCutShort() const { return stopped && stopped->reason == Stop::Reason::memory; }
+  /// How much memory and stack there is left differs between two runs.
+  bool isCutShort() const {
+    const auto isExhausted = [](const Message& message) {
+      return message.message == "Stack exhausted." || message.message == "Nesting is too deep.";
+    };
+    return (stopped && stopped->reason == Stop::Reason::memory) ||
+           std::any_of(logger->messages.begin(), logger->messages.end(), isExhausted);
+  }
   std::string output() const {
     const auto output = fileSystem->files.find("<1>");
     return output != fileSystem->files.end() ? output->second : std::string();
