@@ -16,6 +16,13 @@ namespace urls = boost::urls;
 /// What stands behind each slash of an absolute path; the last one is empty for a directory.
 using Segments = std::vector<std::string>;
 
+/// Whether something else than a slash stands behind a scheme, so that no path goes from the root. Of such texts the
+/// parser asserts what doesn't hold for all of them.
+bool isRootless(std::string_view text) {
+  const std::size_t end = text.find_first_of(":/?#");
+  return end != text.npos && text[end] == ':' && !text.substr(end + 1).starts_with('/');
+}
+
 /// Whether the file lies on this machine. A reference without a scheme or a host takes those of its base, which does.
 bool isLocal(const urls::url_view& reference) {
   const std::string host = reference.host();
@@ -53,7 +60,7 @@ void follow(std::string_view path, Segments& segments) {
   }
 }
 
-/// The resolution of RFC 3986, 5.2.2. Nothing for a path that belongs to no root, as in "file:a".
+/// The resolution of RFC 3986, 5.2.2. Nothing for a path that belongs to no root, as in "file://".
 std::optional<Segments> resolve(const urls::url_view& reference, Segments base) {
   const std::string_view path = reference.encoded_path();
   const bool isRooted = path.starts_with('/');
@@ -82,6 +89,7 @@ bool isPath(const std::string& segment) {
 }  // namespace
 
 std::optional<Url> Url::resolving(const String& text, const Url& base, const Url& currentDirectory) {
+  if (isRootless(text)) return std::nullopt;
   const auto reference = urls::parse_uri_reference(text.view());
   if (!reference || !isLocal(*reference)) return std::nullopt;
   const std::optional<Segments> segments = resolve(*reference, segmentsOf(base, currentDirectory));

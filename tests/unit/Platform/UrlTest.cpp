@@ -185,7 +185,7 @@ TEST_F(UrlResolvingTest, TakesFileUrlsOfThisMachineOnly) {
     EXPECT_EQ(resolved(text), "/a") << text;
   }
   for (const char* text : {"http://localhost/a", "file://host/a", "//host/a", "data:a", "file:a", "file:", "file://",
-                           "//localhost", "//[::1]/a", "a:b"}) {
+                           "//localhost", "//[::1]/a", "a:b", "file:?", "a:?b", "a:#", "a: "}) {
     EXPECT_EQ(resolved(text), "none") << text;
   }
 }
