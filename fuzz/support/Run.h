@@ -13,7 +13,8 @@ using Files = std::vector<std::pair<std::string, std::string>>;
 
 /// Runs the program once through an interpreter and once through a processor. Both leave the same files, the same
 /// messages and the same end behind them, and the interpreter is as it was. What stops a run is one of the known stops.
-void checkRun(const Files& files);
+/// Gives how the first run ended: "done", "failed", "not run", "not read", or "stopped: " and the words of the stop.
+std::string checkRun(const Files& files);
 
 /// For messages.
 std::string textOf(const Files& files);
