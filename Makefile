@@ -18,7 +18,8 @@ demo: dependencies
 	build/release/bin/velto run --output build/demo examples/entities/generate.velto
 	@scripts/show-tree build/demo cpp/library/Author.h
 
-# The whole check: with warnings as errors, then under the address and undefined behaviour sanitizers.
+# The whole check: with warnings as errors, then under the address and undefined behaviour sanitizers, then by a short
+# run of each fuzzer.
 test: dependencies
 	cmake --preset release -DVELTO_WARNINGS_AS_ERRORS=ON
 	cmake --build --preset release -j $(JOBS)
@@ -27,6 +28,7 @@ test: dependencies
 	cmake --preset sanitizers
 	cmake --build --preset sanitizers -j $(JOBS)
 	$(CTEST) --test-dir build/sanitizers
+	$(MAKE) fuzz SECONDS=30
 
 # Looks for inputs that break a promise: `make fuzz SECONDS=600` takes ten minutes for each fuzzer.
 SECONDS ?= 60
