@@ -15,6 +15,7 @@ struct Budget {
   bool isOn = false;
   bool isMemoryOn = false;
   long steps = 0;
+  long stepsTaken = 0;
   std::size_t largest = 0;
   std::size_t memory = 0;
   bool hasFatal = false;
@@ -70,7 +71,12 @@ class Running {
 
 }  // namespace
 
+long stepsTaken() noexcept {
+  return budget.stepsTaken;
+}
+
 void countStep() {
+  ++budget.stepsTaken;
   if (budget.isOn && --budget.steps < 0) stop(Stop::Reason::steps);
 }
 

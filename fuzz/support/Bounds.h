@@ -35,6 +35,9 @@ struct Stopped {
   std::string fatal;  ///< the text of the fatal stop
 };
 
+/// How many steps the action has taken that runs or that ran last.
+long stepsTaken() noexcept;
+
 /// Runs `action`. A fatal stop ends it, as do the limits. Errors of the library pass.
 std::optional<Stopped> bounded(const Limits& limits, const std::function<void()>& action);
 

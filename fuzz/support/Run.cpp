@@ -1,6 +1,7 @@
 #include "support/Run.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "Velto/Processor/ParseFile.h"
 #include "Velto/Processor/Processor.h"
 #include "support/Bounds.h"
+#include "support/HostNodes.h"
 #include "support/Require.h"
 #include "support/SourceMap.h"
 
@@ -40,15 +42,17 @@ class Outcome {
     return (stopped && stopped->reason == Stop::Reason::memory) ||
            std::any_of(logger->messages.begin(), logger->messages.end(), isExhausted);
   }
+  /// Short ways take fewer steps.
+  bool isOutOfSteps() const { return stopped && stopped->reason == Stop::Reason::steps; }
   std::string output() const {
     const auto output = fileSystem->files.find("<1>");
     return output != fileSystem->files.end() ? output->second : std::string();
   }
   std::string description() const;
 
-  /// Runs `action` within the bounds, and notes how it ended.
+  /// Runs `action` within the limits, and notes how it ended.
   template <typename Action>
-  void run(const Action& action) {
+  void run(const Limits& limits, const Action& action) {
     stopped = bounded(limits, [&] {
       try {
         action();
@@ -88,23 +92,31 @@ void checkLeftBehind(Interpreter& interpreter, const Outcome& outcome) {
   if (before.empty()) outcome.fileSystem->files.erase("<1>");
 }
 
+enum class Nodes { language, host };
+
+void checkFailure(bool hasFailed, const ArrayLogger& logger) {
+  const auto isError = [](const Message& message) { return message.level == Message::Level::error; };
+  require(!hasFailed || std::any_of(logger.messages.begin(), logger.messages.end(), isError),
+          "A failure is told by a message.");
+}
+
 /// The same steps as a `Processor` takes, with an interpreter that can be looked at.
-Outcome runInterpreter(const Files& files) {
+Outcome runInterpreter(const Files& files, Nodes nodes = Nodes::language, long steps = limits.steps) {
   Outcome outcome(files);
   const Url base = Url::directory("");
   const auto texts = std::make_shared<TextPool>();
   Interpreter interpreter(base, outcome.logger, outcome.fileSystem, texts);
-  outcome.run([&] {
+  Limits limits = fuzz::limits;
+  limits.steps = steps;
+  outcome.run(limits, [&] {
     const Url program = base.appendingPathComponent(files.front().first);
-    const std::optional<Statements> statements =
+    std::optional<Statements> statements =
         parseFile(*outcome.fileSystem, program, Scanner::Mode::program, outcome.logger, texts);
     if (!statements) throw VeltoError(VeltoError::Step::parse);
+    if (nodes == Nodes::host) statements = withHostNodes(*statements);
     Resolver(interpreter).resolve(*statements);
     interpreter.interpret(*statements);
-    const std::vector<Message>& messages = outcome.logger->messages;
-    const auto isError = [](const Message& message) { return message.level == Message::Level::error; };
-    require(!interpreter.hadError || std::any_of(messages.begin(), messages.end(), isError),
-            "A failure is told by a message.");
+    checkFailure(interpreter.hadError, *outcome.logger);
     if (interpreter.hadError) throw VeltoError(VeltoError::Step::interpret);
   });
   checkLeftBehind(interpreter, outcome);
@@ -114,8 +126,14 @@ Outcome runInterpreter(const Files& files) {
 Outcome runProcessor(const Files& files) {
   Outcome outcome(files);
   Processor processor(Url(""), outcome.logger, outcome.fileSystem);
-  outcome.run([&] { processor.process(files.front().first); });
+  outcome.run(limits, [&] { processor.process(files.front().first); });
   return outcome;
+}
+
+/// Any step of the run, where it is stopped to see what it leaves behind.
+long someStep(const Files& files, long steps) {
+  const std::size_t number = std::hash<std::string>()(files.front().second);
+  return static_cast<long>(number % static_cast<std::size_t>(std::max(steps, 1L)));
 }
 
 /// Its texts differ from run to run.
@@ -143,11 +161,17 @@ void checkStop(const Outcome& outcome) {
 
 std::string checkRun(const Files& files) {
   const Outcome first = runInterpreter(files);
+  const long steps = stepsTaken();
   checkStop(first);
+  if (!first.stopped) runInterpreter(files, Nodes::language, someStep(files, steps));
   if (makesUUIDs(files)) return first.end;
   const Outcome second = runProcessor(files);
   if (first.isCutShort() || second.isCutShort()) return first.end;
   requireEqual(first.description(), second.description(), "Two runs leave the same behind.");
+  if (first.isOutOfSteps()) return first.end;
+  const Outcome third = runInterpreter(files, Nodes::host);
+  if (third.isCutShort() || third.isOutOfSteps()) return first.end;
+  requireEqual(first.description(), third.description(), "A run of the host's nodes leaves the same behind.");
   return first.end;
 }
 
