@@ -18,6 +18,8 @@ struct Budget {
   long stepsTaken = 0;
   std::size_t largest = 0;
   std::size_t memory = 0;
+  long pieces = 0;
+  long piecesTaken = 0;
   bool hasFatal = false;
   char fatal[256] = {};
 };
@@ -46,6 +48,8 @@ void stopAtFatal(std::string_view what) {
 
 void countMemory(std::size_t size) {
   if (!budget.isMemoryOn) return;
+  ++budget.piecesTaken;
+  if (--budget.pieces < 0) stop(Stop::Reason::memory);
   const bool isTooMuch = size > budget.memory || size > budget.largest;
   budget.memory -= std::min(size, budget.memory);
   if (isTooMuch && size >= muchMemory) stop(Stop::Reason::memory);
@@ -73,6 +77,10 @@ class Running {
 
 long stepsTaken() noexcept {
   return budget.stepsTaken;
+}
+
+long piecesTaken() noexcept {
+  return budget.piecesTaken;
 }
 
 void countStep() {

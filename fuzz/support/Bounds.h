@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <initializer_list>
+#include <limits>
 #include <new>
 #include <optional>
 #include <string>
@@ -24,9 +25,10 @@ class Stop final : public std::bad_alloc {
 };
 
 struct Limits {
-  long steps = 1'000'000;                       ///< questions about the stack
-  std::size_t largest = std::size_t{64} << 20;  ///< in bytes, of one piece of memory
-  std::size_t memory = std::size_t{1} << 30;    ///< in bytes, of all pieces together, those given back included
+  long steps = 1'000'000;                          ///< questions about the stack
+  std::size_t largest = std::size_t{64} << 20;     ///< in bytes, of one piece of memory
+  std::size_t memory = std::size_t{1} << 30;       ///< in bytes, of all pieces together, those given back included
+  long pieces = std::numeric_limits<long>::max();  ///< of memory; one more is refused, however small
 };
 
 /// What ended an action before its time.
@@ -35,8 +37,10 @@ struct Stopped {
   std::string fatal;  ///< the text of the fatal stop
 };
 
-/// How many steps the action has taken that runs or that ran last.
+/// How many steps the action has taken that ran last.
 long stepsTaken() noexcept;
+/// How many pieces of memory it has asked for.
+long piecesTaken() noexcept;
 
 /// Runs `action`. A fatal stop ends it, as do the limits. Errors of the library pass.
 std::optional<Stopped> bounded(const Limits& limits, const std::function<void()>& action);

@@ -101,13 +101,11 @@ void checkFailure(bool hasFailed, const ArrayLogger& logger) {
 }
 
 /// The same steps as a `Processor` takes, with an interpreter that can be looked at.
-Outcome runInterpreter(const Files& files, Nodes nodes = Nodes::language, long steps = limits.steps) {
+Outcome runInterpreter(const Files& files, Nodes nodes = Nodes::language, const Limits& limits = fuzz::limits) {
   Outcome outcome(files);
   const Url base = Url::directory("");
   const auto texts = std::make_shared<TextPool>();
   Interpreter interpreter(base, outcome.logger, outcome.fileSystem, texts);
-  Limits limits = fuzz::limits;
-  limits.steps = steps;
   outcome.run(limits, [&] {
     const Url program = base.appendingPathComponent(files.front().first);
     std::optional<Statements> statements =
@@ -130,10 +128,10 @@ Outcome runProcessor(const Files& files) {
   return outcome;
 }
 
-/// Any step of the run, where it is stopped to see what it leaves behind.
-long someStep(const Files& files, long steps) {
-  const std::size_t number = std::hash<std::string>()(files.front().second);
-  return static_cast<long>(number % static_cast<std::size_t>(std::max(steps, 1L)));
+/// Any of the steps of a run, or of its pieces of memory, to stop there and see what is left behind.
+long someOf(long count, const Files& files) {
+  const std::size_t number = std::hash<std::string>()(textOf(files));
+  return static_cast<long>(number % static_cast<std::size_t>(std::max(count, 1L)));
 }
 
 /// Its texts differ from run to run.
@@ -162,8 +160,12 @@ void checkStop(const Outcome& outcome) {
 std::string checkRun(const Files& files) {
   const Outcome first = runInterpreter(files);
   const long steps = stepsTaken();
+  const long pieces = piecesTaken();
   checkStop(first);
-  if (!first.stopped) runInterpreter(files, Nodes::language, someStep(files, steps));
+  if (!first.stopped) {
+    runInterpreter(files, Nodes::language, {.steps = someOf(steps, files)});
+    runInterpreter(files, Nodes::language, {.pieces = someOf(pieces, files)});
+  }
   if (makesUUIDs(files)) return first.end;
   const Outcome second = runProcessor(files);
   if (first.isCutShort() || second.isCutShort()) return first.end;
