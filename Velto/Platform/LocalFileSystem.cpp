@@ -1,4 +1,5 @@
 // The files of this machine.
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -7,6 +8,8 @@
 #include <cerrno>
 #include <filesystem>
 #include <memory>
+#include <new>
+#include <string_view>
 #include <system_error>
 
 #include "Velto/Platform/FileHandle.h"
@@ -25,7 +28,7 @@ files::path pathOf(const Url& url) {
 /// Owns a descriptor that the system opened.
 class OpenFile {
  public:
-  OpenFile(const Url& url, int flags) noexcept : number_(open(pathOf(url).c_str(), flags | O_CLOEXEC)) {}
+  OpenFile(const Url& url, int flags) : number_(open(pathOf(url).c_str(), flags | O_CLOEXEC)) {}
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
   ~OpenFile() {
@@ -59,7 +62,7 @@ class OpenFile {
 
 class CreatedFile final : public FileHandle {
  public:
-  explicit CreatedFile(const Url& url) noexcept : file_(url, O_WRONLY | O_CREAT | O_TRUNC) {}
+  explicit CreatedFile(const Url& url) : file_(url, O_WRONLY | O_CREAT | O_TRUNC) {}
 
   bool isOpen() const noexcept { return file_.isOpen(); }
   void write(std::string_view bytes) override { writeFully(file_.number(), bytes); }
@@ -81,6 +84,12 @@ class Descriptor final : public FileHandle {
 
 std::errc lastError() noexcept {
   return static_cast<std::errc>(errno);
+}
+
+/// True for any failure but a lack of memory, which is none of the files'.
+bool isFailure(const std::error_code& error) {
+  if (error == std::errc::not_enough_memory) throw std::bad_alloc();
+  return static_cast<bool>(error);
 }
 
 /// What a file will need; a little is left for whoever appends to it.
@@ -112,28 +121,56 @@ std::string readToEnd(int number) {
 
 bool copyItem(const files::path& source, const files::path& destination);
 
-bool copyContents(const files::path& source, const files::path& destination) {
-  std::error_code error;
-  files::directory_iterator entry(source, error);
-  for (; !error && entry != files::directory_iterator(); entry.increment(error)) {
-    if (!copyItem(entry->path(), destination / entry->path().filename())) return false;
+/// What lies in a folder. The iterator of the standard library stops the process where it finds no memory for a name.
+class OpenFolder {
+ public:
+  explicit OpenFolder(const files::path& path) : entries_(::opendir(path.c_str())) {
+    if (!entries_ && errno == ENOMEM) throw std::bad_alloc();
   }
-  return !error;
+  OpenFolder(const OpenFolder&) = delete;
+  OpenFolder& operator=(const OpenFolder&) = delete;
+  ~OpenFolder() {
+    if (entries_) ::closedir(entries_);
+  }
+
+  bool isOpen() const noexcept { return entries_ != nullptr; }
+  /// Null behind the last one, and after an error, which `errno` tells then.
+  const char* next() noexcept {
+    constexpr std::string_view itself = ".";
+    constexpr std::string_view parent = "..";
+    errno = 0;
+    const dirent* entry = ::readdir(entries_);
+    while (entry && (entry->d_name == itself || entry->d_name == parent)) entry = ::readdir(entries_);
+    return entry ? entry->d_name : nullptr;
+  }
+
+ private:
+  DIR* entries_;
+};
+
+bool copyContents(const files::path& source, const files::path& destination) {
+  OpenFolder folder(source);
+  if (!folder.isOpen()) return false;
+  while (const char* name = folder.next()) {
+    if (!copyItem(source / name, destination / name)) return false;
+  }
+  return errno == 0;
 }
 
 /// A copy of a folder inside that very folder would never end.
 bool isInside(const files::path& item, const files::path& folder) {
   std::error_code error;
   const files::path inner = files::canonical(files::absolute(item, error).parent_path(), error);
+  if (isFailure(error)) return false;  // there is no such folder to copy into
   const files::path outer = files::canonical(folder, error);
-  return std::ranges::mismatch(outer, inner).in1 == outer.end();
+  return isFailure(error) || std::ranges::mismatch(outer, inner).in1 == outer.end();
 }
 
 bool copyFolder(const files::path& source, const files::path& destination, files::perms permissions) {
   std::error_code error;
   if (!files::create_directory(destination, error) || !copyContents(source, destination)) return false;
   files::permissions(destination, permissions, error);
-  return !error;
+  return !isFailure(error);
 }
 
 bool copyItem(const files::path& source, const files::path& destination) {
@@ -146,7 +183,7 @@ bool copyItem(const files::path& source, const files::path& destination) {
       return !isInside(destination, source) && copyFolder(source, destination, status.permissions());
     case files::file_type::symlink:
       files::copy_symlink(source, destination, error);
-      return !error;
+      return !isFailure(error);
     default:
       return false;
   }
@@ -170,7 +207,7 @@ class LocalFileSystem final : public FileSystem {
   bool doCreateDirectory(const Url& url) override {
     std::error_code error;
     files::create_directories(pathOf(url), error);
-    return !error && doIsDirectory(url);
+    return !isFailure(error) && doIsDirectory(url);
   }
 
   bool doCopy(const Url& source, const Url& destination) override {
@@ -186,7 +223,8 @@ class LocalFileSystem final : public FileSystem {
 
   Url doCurrentDirectory() override {
     std::error_code error;
-    return Url::directory(files::current_path(error).string());
+    const files::path path = files::current_path(error);
+    return isFailure(error) ? Url::directory("") : Url::directory(path.string());
   }
 };
 
