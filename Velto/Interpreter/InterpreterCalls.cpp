@@ -115,6 +115,7 @@ void Interpreter::checkLabel(const Label& expected, const Call::Argument& argume
 }
 
 void Interpreter::visitFunctionDeclaration(const FunctionDeclaration& node) {
+  survivors_.expect(stack_.size());  // each of these scopes may be held by a function of its own
   current().define(node.name, makeRef<Function>(node, stack_.back()));
 }
 

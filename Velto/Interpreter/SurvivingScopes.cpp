@@ -1,7 +1,7 @@
 #include "Velto/Interpreter/SurvivingScopes.h"
 
 #include <algorithm>
-#include <map>
+#include <new>
 
 #include "Velto/Interpreter/Function.h"
 
@@ -9,18 +9,36 @@ namespace velto {
 
 namespace {
 
+/// The function of a scope that stands in that very scope; null for any other value.
+const Function* functionOf(const Environment& scope, const Value& value) noexcept {
+  const auto* function = dynamic_cast<const Function*>(value.callable());
+  return function && function->closure().get() == &scope ? function : nullptr;
+}
+
+/// Under how many names of the scope the function stands, counted at the first of them; 0 at all others.
+std::uint32_t countAtFirstName(const Environment& scope, const Bindings::Binding& binding, const Function& function) {
+  if (function.holderCount() == 1) return 1;
+  const auto isSame = [&](const Bindings::Binding& other) { return functionOf(scope, other.value) == &function; };
+  const auto bindings = scope.values.bindings();
+  const bool isFirst = &*std::ranges::find_if(bindings, isSame) == &binding;
+  return isFirst ? static_cast<std::uint32_t>(std::ranges::count_if(bindings, isSame)) : 0;
+}
+
 /// Whether only functions that stand in the scope itself hold it, and only the scope holds them. `holders` and
-/// `observers` are the references that the caller knows of.
-bool isHeldByItsOwnFunctionsOnly(const Environment& scope, std::uint32_t holders, std::uint32_t observers) {
+/// `observers` are the references that the caller knows of. Scopes end on the way out of a failure, when there may be
+/// no memory to ask for.
+bool isHeldByItsOwnFunctionsOnly(const Environment& scope, std::uint32_t holders, std::uint32_t observers) noexcept {
   if (scope.observerCount() > observers) return false;  // a scope inside could still come here
-  std::map<const Function*, std::uint32_t> functions;
+  std::uint32_t functions = 0;
   for (const Bindings::Binding& binding : scope.values.bindings()) {
-    const auto* function = dynamic_cast<const Function*>(binding.value.callable());
-    if (function && function->closure().get() == &scope) ++functions[function];
+    const Function* const function = functionOf(scope, binding.value);
+    if (!function) continue;
+    const std::uint32_t count = countAtFirstName(scope, binding, *function);
+    if (count == 0) continue;
+    if (count != function->holderCount()) return false;
+    ++functions;
   }
-  return scope.holderCount() == functions.size() + holders &&
-         std::all_of(functions.begin(), functions.end(),
-                     [](const auto& entry) { return entry.first->holderCount() == entry.second; });
+  return scope.holderCount() == functions + holders;
 }
 
 }  // namespace
@@ -31,17 +49,28 @@ SurvivingScopes::~SurvivingScopes() {
   }
 }
 
-void SurvivingScopes::leave(Ref<Environment> scope) {
+void SurvivingScopes::expect(std::size_t count) {
+  const std::size_t needed = scopes_.size() + count;
+  if (needed > scopes_.capacity()) scopes_.reserve(std::max(needed, 2 * scopes_.capacity()));
+}
+
+void SurvivingScopes::leave(Ref<Environment> scope) noexcept {
   if (scope->holderCount() == 1) return;
   if (isHeldByItsOwnFunctionsOnly(*scope, 1, 0)) {
     scope->values.clear();
-    return;
+  } else {
+    note(*scope);
   }
-  scopes_.emplace_back(scope.get());
-  if (scopes_.size() >= sweepAt_) sweep();
 }
 
-void SurvivingScopes::sweep() {
+/// A scope that only a host can have kept is not expected. Without memory for it, it stays the host's.
+void SurvivingScopes::note(Environment& scope) noexcept try {
+  scopes_.emplace_back(&scope);
+  if (scopes_.size() >= sweepAt_) sweep();
+} catch (const std::bad_alloc&) {
+}
+
+void SurvivingScopes::sweep() noexcept {
   for (const WeakRef<Environment>& scope : scopes_) {
     const Ref<Environment> alive(scope.get());
     if (alive && isHeldByItsOwnFunctionsOnly(*alive, 1, 1)) alive->values.clear();

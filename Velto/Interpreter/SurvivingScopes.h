@@ -17,11 +17,14 @@ class SurvivingScopes {
   /// Lets go of the names of all that still live.
   ~SurvivingScopes();
 
+  /// Makes room for `count` scopes. Scopes are left on the way out of a failure too, when there may be no memory.
+  void expect(std::size_t count);
   /// Takes note of a scope that has been popped.
-  void leave(Ref<Environment> scope);
+  void leave(Ref<Environment> scope) noexcept;
 
  private:
-  void sweep();
+  void note(Environment& scope) noexcept;
+  void sweep() noexcept;
 
   std::vector<WeakRef<Environment>> scopes_;
   std::size_t sweepAt_ = 64;
