@@ -14,7 +14,7 @@ struct Cursor {
   /// "a.txt:3:14"
   String description() const;
 
-  friend bool operator==(const Cursor&, const Cursor&) noexcept = default;
+  friend bool operator==(const Cursor&, const Cursor&) = default;
 };
 
 /// The stretch from a position up to another one, which is the first that no longer belongs to it.
@@ -37,7 +37,7 @@ struct Range {
   /// "a.txt:3...4:14...2": the two lines, then the two columns.
   String description() const;
 
-  friend bool operator==(const Range&, const Range&) noexcept = default;
+  friend bool operator==(const Range&, const Range&) = default;
 };
 
 /// From the start of `first` to the end of `last`.

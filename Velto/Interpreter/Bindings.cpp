@@ -6,7 +6,7 @@ namespace velto {
 
 namespace {
 
-bool isNamed(const Bindings::Binding& binding, const String& name, std::size_t hash) noexcept {
+bool isNamed(const Bindings::Binding& binding, const String& name, std::size_t hash) {
   return binding.name.isSameAs(name) || (binding.name.hash() == hash && binding.name == name);
 }
 
@@ -30,14 +30,14 @@ void Bindings::removeAll() noexcept {
   filter_ = 0;
 }
 
-const Bindings::Binding* Bindings::findByText(const String& name, std::size_t hash) const noexcept {
+const Bindings::Binding* Bindings::findByText(const String& name, std::size_t hash) const {
   for (const Binding& binding : bindings_) {
     if (isNamed(binding, name, hash)) return &binding;
   }
   return nullptr;
 }
 
-const Bindings::Binding* Bindings::findInTable(const String& name, std::size_t hash) const noexcept {
+const Bindings::Binding* Bindings::findInTable(const String& name, std::size_t hash) const {
   const std::size_t mask = table_.size() - 1;
   for (std::size_t slot = hash & mask; table_[slot] != 0; slot = (slot + 1) & mask) {
     const Binding& binding = bindings_[table_[slot] - 1];

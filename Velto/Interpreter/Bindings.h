@@ -25,9 +25,9 @@ class Bindings {
   static constexpr std::size_t few = 8;
 
   /// Null if the name isn't there; good until the next `set`.
-  const Value* find(const String& name) const noexcept { return find(name, name.hash()); }
+  const Value* find(const String& name) const { return find(name, name.hash()); }
   /// The same for a name whose hash is known.
-  const Value* find(const String& name, std::size_t hash) const noexcept {
+  const Value* find(const String& name, std::size_t hash) const {
     if (!mayHave(hash)) return nullptr;
     const Binding* found = findBinding(name, hash);
     return found ? &found->value : nullptr;
@@ -44,10 +44,10 @@ class Bindings {
     return const_cast<Value*>(std::as_const(*this).findAt(place, name));
   }
   /// Where the name stands, which has to be one of those here.
-  std::uint32_t placeOf(const String& name) const noexcept {
+  std::uint32_t placeOf(const String& name) const {
     return static_cast<std::uint32_t>(findBinding(name, name.hash()) - bindings_.data());
   }
-  Value* find(const String& name) noexcept { return const_cast<Value*>(std::as_const(*this).find(name)); }
+  Value* find(const String& name) { return const_cast<Value*>(std::as_const(*this).find(name)); }
   void set(const String& name, Value value);
   /// False if the name is there already.
   bool add(const String& name, const Value& value) {
@@ -56,7 +56,7 @@ class Bindings {
     append(name, value, hash);
     return true;
   }
-  bool contains(const String& name) const noexcept { return find(name) != nullptr; }
+  bool contains(const String& name) const { return find(name) != nullptr; }
   /// Keeps the memory for the names to come.
   void clear() noexcept {
     if (!bindings_.empty()) removeAll();
@@ -76,18 +76,18 @@ class Bindings {
   }
   void removeAll() noexcept;
   static std::uint64_t filterBit(std::size_t hash) noexcept { return std::uint64_t{1} << (hash & 63); }
-  const Binding* findBinding(const String& name, std::size_t hash) const noexcept {
+  const Binding* findBinding(const String& name, std::size_t hash) const {
     return table_.empty() ? findAmongFew(name, hash) : findInTable(name, hash);
   }
   /// Names of one file share their storage, so the first pass nearly always decides.
-  const Binding* findAmongFew(const String& name, std::size_t hash) const noexcept {
+  const Binding* findAmongFew(const String& name, std::size_t hash) const {
     for (const Binding& binding : bindings_) {
       if (binding.name.isSameAs(name)) return &binding;
     }
     return findByText(name, hash);
   }
-  const Binding* findByText(const String& name, std::size_t hash) const noexcept;
-  const Binding* findInTable(const String& name, std::size_t hash) const noexcept;
+  const Binding* findByText(const String& name, std::size_t hash) const;
+  const Binding* findInTable(const String& name, std::size_t hash) const;
   void addToTable(std::size_t index);
   void rebuildTable(std::size_t slots);
 

@@ -62,7 +62,7 @@ std::optional<Value> Environment::get(const String& name) const {
   return std::nullopt;
 }
 
-const Bindings* Environment::namesWith(const String& name) const noexcept {
+const Bindings* Environment::namesWith(const String& name) const {
   for (const Environment* scope = this; scope; scope = scope->enclosing()) {
     if (scope->values.contains(name)) return &scope->values;
   }

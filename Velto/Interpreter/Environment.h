@@ -46,7 +46,7 @@ class Environment final : public WeaklyCounted {
   std::optional<Value> get(const String& name) const;
 
   /// The variable of the nearest scope that has the name, or null.
-  const Value* find(const String& name) const noexcept {
+  const Value* find(const String& name) const {
     const std::size_t hash = name.hash();
     const Environment* scope = nullptr;
     for (const Environment* next = this; next != scope; next = scope->enclosing_) {
@@ -56,7 +56,7 @@ class Environment final : public WeaklyCounted {
     return nullptr;
   }
   /// The names of the scope in which that is; null if there is none.
-  const Bindings* namesWith(const String& name) const noexcept;
+  const Bindings* namesWith(const String& name) const;
   /// The variable, if the name stands at `place` of the first scope that may have it; else null.
   [[gnu::always_inline]] const Value* findAtOnce(const String& name, std::uint32_t place) const noexcept {
     const std::size_t hash = name.knownHash();
@@ -67,7 +67,7 @@ class Environment final : public WeaklyCounted {
     }
     return nullptr;
   }
-  Value* find(const String& name) noexcept { return const_cast<Value*>(std::as_const(*this).find(name)); }
+  Value* find(const String& name) { return const_cast<Value*>(std::as_const(*this).find(name)); }
   /// The variable that `local` tells if it stands where it stood when it was last looked up; else null.
   [[gnu::always_inline]] const Value* findInPlace(const String& name, const Local& local) const noexcept {
     const Environment* scope = this;

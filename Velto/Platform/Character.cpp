@@ -74,13 +74,13 @@ bool Character::isValidIdentifierContinuation() const noexcept {
   return allScalars(text_, isContinuation);
 }
 
-bool operator==(Character left, Character right) noexcept {
+bool operator==(Character left, Character right) {
   if (left.text_ == right.text_) return true;
   if (left.text_.size() == 1 && right.text_.size() == 1) return false;
   return unicode::areEquivalent(left.text_, right.text_);
 }
 
-std::strong_ordering operator<=>(Character left, Character right) noexcept {
+std::strong_ordering operator<=>(Character left, Character right) {
   return unicode::compare(left.text_, right.text_);
 }
 

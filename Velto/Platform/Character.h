@@ -26,8 +26,8 @@ class Character {
   bool isValidIdentifierStart() const noexcept;
   bool isValidIdentifierContinuation() const noexcept;
 
-  friend bool operator==(Character left, Character right) noexcept;
-  friend std::strong_ordering operator<=>(Character left, Character right) noexcept;
+  friend bool operator==(Character left, Character right);
+  friend std::strong_ordering operator<=>(Character left, Character right);
 
  private:
   std::string_view text_;
@@ -36,8 +36,8 @@ class Character {
 /// `nextBoundary` for any text, by the rules of segmentation alone.
 [[gnu::visibility("default")]] std::size_t nextBoundaryByRules(std::string_view text, std::size_t offset) noexcept;
 
-[[gnu::visibility("default")]] bool operator==(Character left, Character right) noexcept;
-[[gnu::visibility("default")]] std::strong_ordering operator<=>(Character left, Character right) noexcept;
+[[gnu::visibility("default")]] bool operator==(Character left, Character right);
+[[gnu::visibility("default")]] std::strong_ordering operator<=>(Character left, Character right);
 
 /// The offset in bytes behind the cluster that begins at `offset`, which must be a boundary below `text.size()`.
 /// Between two ASCII characters there is always a boundary, CR LF excepted.

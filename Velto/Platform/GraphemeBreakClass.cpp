@@ -8,6 +8,11 @@ namespace velto {
 
 namespace {
 
+/// ICU brings in these properties when it is first asked for them, and where memory lacks then it answers falsely from
+/// there on. So it is asked as the library is loaded.
+[[maybe_unused]] const bool hasProperties = u_hasBinaryProperty(U'\u2764', UCHAR_EXTENDED_PICTOGRAPHIC) &&
+                                            u_getIntPropertyValue(U'\u0915', UCHAR_INDIC_SYLLABIC_CATEGORY) != 0;
+
 bool isOfLinkingScript(UChar32 scalar) noexcept {
   UErrorCode status = U_ZERO_ERROR;
   switch (uscript_getScript(scalar, &status)) {

@@ -100,7 +100,7 @@ String String::appending(std::string_view piece) && {
 
 void String::rewrite(std::string_view text) {
   Block* const own = ownBlock();
-  if (own && text.size() <= own->capacity) {
+  if (own && !text.empty() && text.size() <= own->capacity) {
     own->clear();
     own->append(text);
   } else {
@@ -126,7 +126,7 @@ Int String::utf16Length() const noexcept {
   });
 }
 
-std::size_t String::findHash() const noexcept {
+std::size_t String::findHash() const {
   if (!storage_) return std::hash<std::string_view>()({});
   const std::size_t hash =
       std::max<std::size_t>(isASCII() ? std::hash<std::string_view>()(view()) : unicode::hash(view()), 1);
@@ -134,12 +134,12 @@ std::size_t String::findHash() const noexcept {
   return hash;
 }
 
-bool String::isEqual(const String& other) const noexcept {
+bool String::isEqual(const String& other) const {
   const bool haveSameBytes = size() == other.size() && std::memcmp(view().data(), other.view().data(), size()) == 0;
   return haveSameBytes || (!(isASCII() && other.isASCII()) && unicode::areEquivalent(*this, other));
 }
 
-std::strong_ordering operator<=>(const String& left, const String& right) noexcept {
+std::strong_ordering operator<=>(const String& left, const String& right) {
   if (left.isSameAs(right)) return std::strong_ordering::equal;
   if (left.isASCII() && right.isASCII()) return left.view() <=> right.view();
   return unicode::compare(left, right);

@@ -95,7 +95,7 @@ class String {
 
   Int characterCount() const noexcept;
   Int utf16Length() const noexcept;
-  std::size_t hash() const noexcept {
+  std::size_t hash() const {
     const std::size_t known = knownHash();
     return known != 0 ? known : findHash();
   }
@@ -107,14 +107,14 @@ class String {
   /// True when both are the same bytes in memory, so that a comparison of the texts isn't needed.
   bool isSameAs(const String& other) const noexcept { return storage_ == other.storage_; }
 
-  friend bool operator==(const String& left, const String& right) noexcept {
+  friend bool operator==(const String& left, const String& right) {
     return left.isSameAs(right) || left.isEqual(right);
   }
-  friend std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
+  friend std::strong_ordering operator<=>(const String& left, const String& right);
 
  private:
-  bool isEqual(const String& other) const noexcept;
-  std::size_t findHash() const noexcept;
+  bool isEqual(const String& other) const;
+  std::size_t findHash() const;
   Block* ownBlock() const noexcept;
   explicit String(Ref<const Storage> storage) noexcept : storage_(std::move(storage)) {}
 
@@ -128,7 +128,7 @@ String String::writtenASCII(std::size_t most, Write write) {
   return block->size == 0 ? String() : String(Ref<const Storage>(std::move(block)));
 }
 
-[[gnu::visibility("default")]] std::strong_ordering operator<=>(const String& left, const String& right) noexcept;
+[[gnu::visibility("default")]] std::strong_ordering operator<=>(const String& left, const String& right);
 
 template <typename Traits>
 std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& stream, const String& text) {
@@ -193,5 +193,5 @@ class StringBuilder {
 
 template <>
 struct std::hash<velto::String> {
-  std::size_t operator()(const velto::String& text) const noexcept { return text.hash(); }
+  std::size_t operator()(const velto::String& text) const { return text.hash(); }
 };

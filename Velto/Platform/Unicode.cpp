@@ -6,6 +6,7 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "Velto/Platform/Utf8.h"
@@ -34,6 +35,7 @@ void appendMappedByContext(std::string_view text, MapCase mapCase, StringBuilder
   UErrorCode status = U_ZERO_ERROR;
   BuilderSink sink(result);
   mapCase(withoutLocale, 0, text, sink, nullptr, status);
+  if (U_FAILURE(status)) throw std::bad_alloc();  // the text is sound
 }
 
 constexpr bool isBetween(char32_t low, char32_t scalar, char32_t high) noexcept {

@@ -46,10 +46,10 @@ enum class ScalarClass { none, whitespaceOrNewline, uppercaseLetter, lowercaseLe
 ScalarClass scalarClass(char32_t scalar) noexcept;
 
 /// Canonical equivalence of two well-formed texts.
-bool areEquivalent(std::string_view left, std::string_view right) noexcept;
+bool areEquivalent(std::string_view left, std::string_view right);
 /// The order of the canonically decomposed texts by scalars.
-std::strong_ordering compare(std::string_view left, std::string_view right) noexcept;
+std::strong_ordering compare(std::string_view left, std::string_view right);
 /// Equal for equivalent texts.
-std::size_t hash(std::string_view text) noexcept;
+std::size_t hash(std::string_view text);
 
 }  // namespace velto::unicode

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
+#include <new>
 #include <string>
 
 #include "Velto/Platform/Unicode.h"
@@ -14,15 +15,34 @@ namespace velto::unicode {
 
 namespace {
 
-const icu::Normalizer2& composing() noexcept {
-  static UErrorCode status = U_ZERO_ERROR;
-  static const icu::Normalizer2& normalizer = *icu::Normalizer2::getNFCInstance(status);
+/// With data that is a part of ICU, and sound text, nothing fails but for lack of memory.
+void check(UErrorCode status) {
+  if (U_FAILURE(status)) throw std::bad_alloc();
+}
+
+const icu::Normalizer2& loaded(const icu::Normalizer2* (*load)(UErrorCode&)) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::Normalizer2* const normalizer = load(status);
+  check(status);
+  return *normalizer;
+}
+
+/// ICU makes its normalizers when it is first asked for one, and where memory lacks then it never gives any. So it is
+/// asked as the library is loaded.
+bool hasNormalizers() noexcept {
+  UErrorCode status = U_ZERO_ERROR;
+  return icu::Normalizer2::getNFCInstance(status) != nullptr;
+}
+
+[[maybe_unused]] const bool areReady = hasNormalizers();
+
+const icu::Normalizer2& composing() {
+  static const icu::Normalizer2& normalizer = loaded(icu::Normalizer2::getNFCInstance);
   return normalizer;
 }
 
-const icu::Normalizer2& decomposing() noexcept {
-  static UErrorCode status = U_ZERO_ERROR;
-  static const icu::Normalizer2& normalizer = *icu::Normalizer2::getNFDInstance(status);
+const icu::Normalizer2& decomposing() {
+  static const icu::Normalizer2& normalizer = loaded(icu::Normalizer2::getNFDInstance);
   return normalizer;
 }
 
@@ -32,8 +52,10 @@ class Normalized {
   Normalized(const icu::Normalizer2& normalizer, std::string_view text) : view_(text) {
     UErrorCode status = U_ZERO_ERROR;
     if (utf8::isASCII(text) || normalizer.isNormalizedUTF8(text, status)) return;
+    check(status);
     icu::StringByteSink<std::string> sink(&normal_);
     normalizer.normalizeUTF8(0, text, sink, nullptr, status);
+    check(status);
     view_ = normal_;
   }
   Normalized(const Normalized&) = delete;
@@ -47,7 +69,7 @@ class Normalized {
 };
 
 /// True when the scalar at `offset`, if there is one, decomposes to itself whatever stands around it.
-bool isInert(std::string_view text, std::size_t offset) noexcept {
+bool isInert(std::string_view text, std::size_t offset) {
   if (offset == text.size() || utf8::isASCII(text[offset])) return true;
   return decomposing().isInert(static_cast<UChar32>(utf8::decode(text, offset)));
 }
@@ -72,11 +94,11 @@ std::size_t lastASCII(std::string_view text, std::size_t offset) noexcept {
 
 }  // namespace
 
-bool areEquivalent(std::string_view left, std::string_view right) noexcept {
+bool areEquivalent(std::string_view left, std::string_view right) {
   return compare(left, right) == 0;
 }
 
-std::strong_ordering compare(std::string_view left, std::string_view right) noexcept {
+std::strong_ordering compare(std::string_view left, std::string_view right) {
   const std::size_t difference = firstDifference(left, right);
   if (isInert(left, difference) && isInert(right, difference))
     return left.substr(difference) <=> right.substr(difference);
@@ -87,7 +109,7 @@ std::strong_ordering compare(std::string_view left, std::string_view right) noex
   return leftRest.view() <=> rightRest.view();
 }
 
-std::size_t hash(std::string_view text) noexcept {
+std::size_t hash(std::string_view text) {
   return std::hash<std::string_view>()(Normalized(composing(), text).view());
 }
 

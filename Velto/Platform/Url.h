@@ -33,7 +33,7 @@ class Url {
   bool isDirectory() const noexcept { return isDirectory_; }
 
   /// By bytes: names that are canonically equivalent are different files.
-  friend bool operator==(const Url& left, const Url& right) noexcept {
+  friend bool operator==(const Url& left, const Url& right) {
     return left.path_.view() == right.path_.view() && left.isDirectory_ == right.isDirectory_;
   }
 
@@ -48,5 +48,5 @@ class Url {
 
 template <>
 struct std::hash<velto::Url> {
-  std::size_t operator()(const velto::Url& url) const noexcept { return url.path().hash(); }
+  std::size_t operator()(const velto::Url& url) const { return url.path().hash(); }
 };

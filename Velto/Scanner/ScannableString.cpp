@@ -45,11 +45,11 @@ bool ScannableString::matchString(std::string_view text) {
   return true;
 }
 
-bool ScannableString::peekMatchString(std::string_view text) const noexcept {
+bool ScannableString::peekMatchString(std::string_view text) const {
   return endOfPrefix(text).has_value();
 }
 
-std::optional<std::size_t> ScannableString::endOfPrefix(std::string_view text) const noexcept {
+std::optional<std::size_t> ScannableString::endOfPrefix(std::string_view text) const {
   if (isAtEnd()) return std::nullopt;
   std::size_t position = index;
   for (const Character expected : Characters(text)) {

@@ -49,12 +49,12 @@ class ScannableString : public Scannable<ScannableString, Character> {
 
   /// Moves over `text` if the rest begins with its characters. The line stays, whatever `text` holds.
   bool matchString(std::string_view text);
-  bool peekMatchString(std::string_view text) const noexcept;
+  bool peekMatchString(std::string_view text) const;
 
  private:
   Character characterAt(std::size_t position) const noexcept;
   /// Behind the characters of `text`, if the rest begins with them and there is a rest.
-  std::optional<std::size_t> endOfPrefix(std::string_view text) const noexcept;
+  std::optional<std::size_t> endOfPrefix(std::string_view text) const;
 };
 
 template <typename IsWanted>

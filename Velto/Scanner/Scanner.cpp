@@ -67,7 +67,7 @@ void Scanner::scanTagComment() {
 }
 
 /// Most characters are told by their text alone: no other scalar is equivalent to "%".
-bool Scanner::isAtTagClosing() const noexcept {
+bool Scanner::isAtTagClosing() const {
   const std::optional<Character> character = source_.current();
   return character && character->text() == "%" && source_.peekMatchString("%>");
 }

@@ -53,7 +53,7 @@ class Scanner {
   void scanText();
   void scanTagOpening();
   void scanTagComment();
-  bool isAtTagClosing() const noexcept;
+  bool isAtTagClosing() const;
   void closeTag();
   void addToken(TokenType type);
   void addToken(TokenType type, Value literal);

@@ -10,7 +10,7 @@ namespace {
 
 /// The character as ASCII, NUL if it isn't. Of all that code is made of only the semicolon has a second spelling, the
 /// Greek question mark U+037E.
-char ascii(Character character) noexcept {
+char ascii(Character character) {
   if (character.text().size() == 1) return character.text().front();
   return character == Character(";") ? ';' : '\0';
 }

@@ -80,7 +80,7 @@ void skipASCII(ScannableString& source, std::size_t end) noexcept {
 }
 
 /// Most characters are told by their first byte alone: no other scalar is equivalent to "<".
-bool isAtTagOpening(const ScannableString& source) noexcept {
+bool isAtTagOpening(const ScannableString& source) {
   return source.string.view()[source.index] == '<' && source.peekMatchString("<%");
 }
 

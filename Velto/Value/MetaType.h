@@ -18,14 +18,14 @@ class MetaType {
 
   String name;
 
-  std::size_t hashValue() const noexcept { return name.hash(); }
+  std::size_t hashValue() const { return name.hash(); }
 
-  friend bool operator==(const MetaType&, const MetaType&) noexcept = default;
+  friend bool operator==(const MetaType&, const MetaType&) = default;
 };
 
 }  // namespace velto
 
 template <>
 struct std::hash<velto::MetaType> {
-  std::size_t operator()(const velto::MetaType& type) const noexcept { return type.hashValue(); }
+  std::size_t operator()(const velto::MetaType& type) const { return type.hashValue(); }
 };
