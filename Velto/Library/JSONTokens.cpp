@@ -5,11 +5,22 @@
 #include <simdjson.h>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace velto {
 
 namespace {
+
+/// simdjson chooses its code for this processor when it is first used, and stops the process if there is no memory for
+/// that. So it chooses as the library is loaded.
+[[maybe_unused]] const bool hasChosen = !simdjson::get_active_implementation()->name().empty();
+
+/// A lack of memory is no property of the document.
+bool isFailure(simdjson::error_code error) {
+  if (error == simdjson::MEMALLOC) throw std::bad_alloc();
+  return error != simdjson::SUCCESS;
+}
 
 const std::uint8_t* asBytes(const char* text) noexcept {
   return reinterpret_cast<const std::uint8_t*>(text);
@@ -32,8 +43,8 @@ bool JSONTokens::find() {
   constexpr std::size_t unusedDepth = 1;
   auto& implementation = finder_->implementation;
   const auto* const active = simdjson::get_active_implementation().operator->();
-  if (active->create_dom_parser_implementation(size_, unusedDepth, implementation) ||
-      implementation->stage1(asBytes(document_.data()), size_, simdjson::stage1_mode::regular)) {
+  if (isFailure(active->create_dom_parser_implementation(size_, unusedDepth, implementation)) ||
+      isFailure(implementation->stage1(asBytes(document_.data()), size_, simdjson::stage1_mode::regular))) {
     return false;
   }
   places_ = implementation->structural_indexes.get();

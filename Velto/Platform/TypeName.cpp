@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ namespace {
 std::string demangled(const char* name) {
   int status = 0;
   const std::unique_ptr<char, void (*)(void*)> text(abi::__cxa_demangle(name, nullptr, nullptr, &status), std::free);
+  constexpr int lackOfMemory = -1;
+  if (status == lackOfMemory) throw std::bad_alloc();
   return text ? text.get() : name;
 }
 
