@@ -8,6 +8,7 @@
 #include "Velto/Interpreter/ScopeGuard.h"
 #include "Velto/Library/BuiltInLibraries.h"
 #include "Velto/Platform/Fatal.h"
+#include "Velto/Platform/PendingOutput.h"
 #include "Velto/Value/Printing.h"
 #include "Velto/Value/RecentForms.h"
 
@@ -46,12 +47,13 @@ void Interpreter::popEnvironment() {
   popScope();
 }
 
-/// Counts the lists that run inside one another; at the end of the outermost one all output is written.
+/// Counts the lists that run inside one another; at the end of the outermost one all output is written, whichever way
+/// it ends.
 class Interpreter::RunningList {
  public:
   explicit RunningList(Int& depth) noexcept : depth_(depth) { ++depth_; }
   ~RunningList() {
-    if (--depth_ == 0) FileSystem::flush();
+    if (--depth_ == 0) flushPendingOutputAnyway();
   }
   RunningList(const RunningList&) = delete;
   RunningList& operator=(const RunningList&) = delete;
@@ -67,6 +69,16 @@ void Interpreter::interpret(const Statements& statements) {
     exhaustedAt_ = 0;
   }
   try {
+    interpretList(statements);
+    if (depth_ == 1) FileSystem::flush();  // a lack of memory for it can't be told later
+  } catch (const std::bad_alloc&) {
+    hadError = true;
+    throw;  // the host's to deal with
+  }
+}
+
+void Interpreter::interpretList(const Statements& statements) {
+  try {
     for (const Statement& statement : statements) {
       execute(statement);
       if (jumps_.areAny()) reportStrayTokens();
@@ -76,8 +88,7 @@ void Interpreter::interpret(const Statements& statements) {
     hadError = true;
     if (depth_ > 1 && exhaustedAt_ > manyLists) throw;
   } catch (const std::bad_alloc&) {
-    hadError = true;
-    throw;  // the host's to deal with
+    throw;
   } catch (const std::exception& error) {
     fatalError(String::concatenation({"Unknown exception ", error.what()}));
   } catch (...) {

@@ -120,6 +120,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void finish(Value result) { lastResult_ = std::move(result); }
   void executeBlock(const Statements& statements);
   void executeList(const Statements& statements);
+  void interpretList(const Statements& statements);
   void reportStrayTokens();
   void reportStray(Jumps::Kind kind, std::string_view message);
   Environment& current() noexcept { return *stack_.back(); }

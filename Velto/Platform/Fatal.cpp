@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <new>
 #include <string>
 
 #include "Velto/Platform/FileHandle.h"
@@ -16,6 +17,15 @@ constexpr int standardError = 2;
 
 std::atomic<FatalHook> fatalHook = nullptr;
 
+/// In one piece, so that no other thread writes in between, unless there is no memory for that.
+void writeReason(std::string_view what) noexcept try {
+  writeFully(standardError, std::string("fatal: ").append(what).append("\n"));
+} catch (const std::bad_alloc&) {
+  for (const std::string_view piece : {std::string_view("fatal: "), what, std::string_view("\n")}) {
+    writeFully(standardError, piece);
+  }
+}
+
 }  // namespace
 
 FatalHook setFatalHook(FatalHook hook) noexcept {
@@ -23,8 +33,8 @@ FatalHook setFatalHook(FatalHook hook) noexcept {
 }
 
 void fatalError(std::string_view what) {
-  flushPendingOutput();
-  writeFully(standardError, std::string("fatal: ").append(what).append("\n"));
+  flushPendingOutputAnyway();
+  writeReason(what);
   if (const FatalHook hook = fatalHook) hook(what);
   std::abort();
 }

@@ -15,7 +15,7 @@ class BufferedHandle final : public FileHandle {
  public:
   explicit BufferedHandle(std::shared_ptr<FileHandle> target) noexcept : target_(std::move(target)) {}
   ~BufferedHandle() override {
-    if (OutputBuffer::ofThread().holdsBytesFor(*target_)) flushPendingOutput();
+    if (OutputBuffer::ofThreadHoldsBytesFor(*target_)) flushPendingOutputAnyway();
   }
 
   void write(std::string_view bytes) override { OutputBuffer::ofThread().write(target_, bytes); }

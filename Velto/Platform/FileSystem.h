@@ -17,7 +17,7 @@ class FileHandle {
  public:
   virtual ~FileHandle() = default;
 
-  /// Writes all of `bytes`. An error is ignored, and nothing may be thrown.
+  /// Writes all of `bytes`. An error is ignored, and nothing may be thrown but `std::bad_alloc`.
   virtual void write(std::string_view bytes) = 0;
 };
 

@@ -1,20 +1,48 @@
 // The buffer through which a thread writes to all its handles.
 #include "Velto/Platform/OutputBuffer.h"
 
+#include <pthread.h>
+
+#include <new>
 #include <utility>
 
 namespace velto {
 
 [[gnu::tls_model("initial-exec")]] thread_local constinit OutputBuffer* OutputBuffer::ofThread_ = nullptr;
 
-struct OutputBuffer::Owner {
-  ~Owner() { delete std::exchange(ofThread_, nullptr); }
+/// Ends the buffer of a thread with the thread, and that of the last one with the process. A `thread_local` object with
+/// a destructor would do both, but where the C library finds no memory to take note of it, it stops the process.
+class OutputBuffer::Owner {
+ public:
+  Owner() noexcept : hasKey_(::pthread_key_create(&key_, [](void*) { end(); }) == 0) {}
+  Owner(const Owner&) = delete;
+  Owner& operator=(const Owner&) = delete;
+  ~Owner() {
+    end();
+    if (hasKey_) ::pthread_key_delete(key_);
+  }
+
+  void own(const OutputBuffer& made) const {
+    if (!hasKey_ || ::pthread_setspecific(key_, &made) != 0) throw std::bad_alloc();
+  }
+
+ private:
+  static void end() noexcept { delete std::exchange(ofThread_, nullptr); }
+
+  pthread_key_t key_{};
+  bool hasKey_;
 };
 
 OutputBuffer& OutputBuffer::makeOfThread() {
-  thread_local const Owner owner;
-  ofThread_ = new OutputBuffer;
+  static const Owner owner;
+  auto made = std::make_unique<OutputBuffer>();
+  owner.own(*made);
+  ofThread_ = made.release();
   return *ofThread_;
+}
+
+bool OutputBuffer::ofThreadHoldsBytesFor(const FileHandle& target) noexcept {
+  return ofThread_ && ofThread_->target_.get() == &target;
 }
 
 /// Begins to hold bytes for `target`, with all others written before.
@@ -28,7 +56,11 @@ void OutputBuffer::writeElsewhere(const std::shared_ptr<FileHandle>& target, std
   append(bytes);
 }
 
-void OutputBuffer::flush() noexcept {
+OutputBuffer::~OutputBuffer() {
+  if (target_) flushPendingOutputAnyway();
+}
+
+void OutputBuffer::flush() {
   while (target_) writeOut();
 }
 

@@ -15,10 +15,12 @@ class OutputBuffer final : public PendingOutput {
  public:
   static constexpr std::size_t capacity = 64 * 1024;
 
-  /// That of this thread. It writes out what is left when the thread ends.
+  /// That of this thread, made when it is first asked for. It writes out what is left when the thread ends.
   static OutputBuffer& ofThread() { return ofThread_ ? *ofThread_ : makeOfThread(); }
+  /// Whether the buffer of this thread holds bytes for `target`.
+  static bool ofThreadHoldsBytesFor(const FileHandle& target) noexcept;
 
-  ~OutputBuffer() override { flush(); }
+  ~OutputBuffer() override;
 
   void write(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
     if (target_ == target && bytes.size() <= capacity - size_) {
@@ -27,14 +29,13 @@ class OutputBuffer final : public PendingOutput {
       writeElsewhere(target, bytes);
     }
   }
-  bool holdsBytesFor(const FileHandle& target) const noexcept { return target_.get() == &target; }
-  void flush() noexcept override;
+  void flush() override;
 
  private:
   // A plain pointer, so that a handle that outlives the end of its thread finds none instead of a dead one.
   // Reached through a fixed offset: every piece of text that is printed asks for it.
   [[gnu::tls_model("initial-exec")]] static thread_local constinit OutputBuffer* ofThread_;
-  struct Owner;
+  class Owner;
 
   [[gnu::cold, gnu::noinline]] static OutputBuffer& makeOfThread();
   /// Copies last, so that nothing has to be kept meanwhile.

@@ -1,6 +1,7 @@
 // The registration of the buffer that has bytes waiting, one for each thread.
 #include "Velto/Platform/PendingOutput.h"
 
+#include <new>
 #include <utility>
 
 namespace velto {
@@ -19,8 +20,18 @@ void setPendingOutput(PendingOutput* output) noexcept {
   waiting = output;
 }
 
-void flushPendingOutput() noexcept {
+void flushPendingOutput() {
   if (PendingOutput* const output = std::exchange(waiting, nullptr)) output->flush();
+}
+
+void flushPendingOutputAnyway() noexcept {
+  while (pendingOutput()) {
+    try {
+      flushPendingOutput();
+    } catch (const std::bad_alloc&) {
+      continue;
+    }
+  }
 }
 
 }  // namespace velto

@@ -8,8 +8,8 @@ class PendingOutput {
  public:
   virtual ~PendingOutput() = default;
 
-  /// Writes all that waits.
-  virtual void flush() noexcept = 0;
+  /// Writes all that waits. What the handle throws passes through, with its bytes lost.
+  virtual void flush() = 0;
 };
 
 /// The one buffer of this thread that has bytes waiting, null if there is none.
@@ -19,6 +19,9 @@ PendingOutput* pendingOutput() noexcept;
 void setPendingOutput(PendingOutput* output) noexcept;
 
 /// Takes the registered buffer out and flushes it.
-void flushPendingOutput() noexcept;
+void flushPendingOutput();
+
+/// The same where nothing may be thrown, as in a destructor: a lack of memory counts as an error of the handle.
+void flushPendingOutputAnyway() noexcept;
 
 }  // namespace velto
