@@ -19,16 +19,16 @@ using Output = std::shared_ptr<FileHandle>;
 class Redirection {
  public:
   Redirection(Interpreter& interpreter, Output output)
-      : interpreter_(interpreter), saved_(std::move(interpreter.print)) {
-    interpreter_.print = [output = std::move(output)](const String& text) { output->write(text); };
+      : interpreter_(interpreter), other_([output = std::move(output)](const String& text) { output->write(text); }) {
+    interpreter_.print.swap(other_);
   }
-  ~Redirection() { interpreter_.print = std::move(saved_); }
+  ~Redirection() { interpreter_.print.swap(other_); }
   Redirection(const Redirection&) = delete;
   Redirection& operator=(const Redirection&) = delete;
 
  private:
   Interpreter& interpreter_;
-  Interpreter::Print saved_;
+  Interpreter::Print other_;  // the one that doesn't print just now
 };
 
 /// The descriptor that a destination names in decimal, with an optional sign.
@@ -90,6 +90,7 @@ Value Process::call(Interpreter& interpreter, Arguments arguments, const ReportE
   const ScopeGuard scope(interpreter);
   const ParseCache::FileStatements statements = parseInput(interpreter, *arguments[0].string(), reportError);
   interpreter.interpret(*statements);
+  FileSystem::flush();  // while a lack of memory for it can still be told
   return Value::nil();
 }
 
