@@ -1,0 +1,143 @@
+// Each allocation of a run fails once.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/reliability/FailingAllocator.h"
+#include "tests/reliability/Place.h"
+
+namespace velto::test {
+namespace {
+
+constexpr std::size_t never = std::numeric_limits<std::size_t>::max();
+
+/// What has come of a run in which the allocation `number` failed; nothing if the run had no such allocation.
+std::optional<Outcome> runFailing(Place& place, const std::string& program, std::size_t number, Failing failing) {
+  bool hasStruck = false;
+  Outcome outcome = place.run(program, [&](const std::function<void()>& work) {
+    const AllocationFailure failure(number, failing);
+    work();
+    hasStruck = failure.hasStruck();
+  });
+  if (!hasStruck) return std::nullopt;
+  return outcome;
+}
+
+struct Circumstances {
+  std::string program;
+  bool isOnDisk;
+  Failing failing;
+};
+
+class EachAllocation : public testing::TestWithParam<Circumstances> {};
+
+TEST_P(EachAllocation, EndsTheRunWithBadAllocAndHarmsNothing) {
+  const auto& [program, isOnDisk, failing] = GetParam();
+  const std::unique_ptr<Place> place =
+      isOnDisk ? std::unique_ptr<Place>(std::make_unique<LocalPlace>()) : std::make_unique<MemoryPlace>();
+  const Outcome expected = place->run(program);
+  ASSERT_EQ(place->run(program), expected);
+  const std::ptrdiff_t liveBefore = liveBlocks();
+  const int openBefore = openDescriptors();
+  std::size_t number = 0;
+  for (; const std::optional<Outcome> outcome = runFailing(*place, program, number, failing); ++number) {
+    ASSERT_TRUE(outcome->lackedMemory || *outcome == expected) << "The failure of " << number << " was swallowed.";
+    ASSERT_EQ(openDescriptors(), openBefore) << number;
+    ASSERT_EQ(place->run(program), expected) << number;
+  }
+  EXPECT_GT(number, 300u);
+  EXPECT_EQ(liveBlocks(), liveBefore);
+}
+
+std::string nameOf(const testing::TestParamInfo<Circumstances>& info) {
+  const std::string program = info.param.program.substr(0, info.param.program.find('.'));
+  return program + (info.param.isOnDisk ? "OnDisk" : "InMemory") +
+         (info.param.failing == Failing::once ? "Once" : "FromThenOn");
+}
+
+INSTANTIATE_TEST_SUITE_P(Runs, EachAllocation,
+                         testing::Values(Circumstances{"main.velto", true, Failing::once},
+                                         Circumstances{"main.velto", true, Failing::fromThenOn},
+                                         Circumstances{"main.velto", false, Failing::once},
+                                         Circumstances{"main.velto", false, Failing::fromThenOn},
+                                         Circumstances{"faulty.velto", true, Failing::once},
+                                         Circumstances{"faulty.velto", true, Failing::fromThenOn},
+                                         Circumstances{"faulty.velto", false, Failing::once},
+                                         Circumstances{"faulty.velto", false, Failing::fromThenOn}),
+                         nameOf);
+
+TEST(SmallProject, IsRunAsExpected) {
+  for (const auto& place : {std::shared_ptr<Place>(std::make_shared<LocalPlace>()),
+                            std::shared_ptr<Place>(std::make_shared<MemoryPlace>())}) {
+    const Outcome outcome = place->run("main.velto");
+    EXPECT_EQ(outcome.files, expectedFiles());
+    EXPECT_EQ(outcome.output, expectedOutput());
+    EXPECT_TRUE(outcome.messages.empty());
+    EXPECT_EQ(outcome.step, std::nullopt);
+  }
+}
+
+/// An interpreter of a host's that prints into a text.
+class Host {
+ public:
+  Host() {
+    for (const auto& [path, bytes] : smallProject()) files->files["/" + path] = bytes;
+    files->directories.insert("/output");
+    for (const auto& [name, value] : smallProjectGlobals()) interpreter.globals().define(name, value);
+    interpreter.globals().define("outputPath", "/output");
+    interpreter.print = [this](const String& text) { printed = std::move(printed).appending(text); };
+  }
+
+  Statements parsed(const std::string& source) const {
+    Scanner scanner(source, Scanner::Mode::program, logger, "source");
+    return Parser(Unpacker(scanner.scanTokens(), logger).unpack(), logger).parse();
+  }
+
+  const std::shared_ptr<MemoryFileSystem> files = std::make_shared<MemoryFileSystem>();
+  const std::shared_ptr<ArrayLogger> logger = std::make_shared<ArrayLogger>();
+  Interpreter interpreter{Url("/"), logger, files};
+  String printed;
+};
+
+/// Whether the allocation `number` of `statements` was one that failed.
+bool failsAt(Host& host, const Statements& statements, std::size_t number, Failing failing) {
+  const AllocationFailure failure(number, failing);
+  try {
+    host.interpreter.interpret(statements);
+    return false;
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
+}
+
+class EachAllocationOfAnInterpreter : public testing::TestWithParam<Failing> {};
+
+TEST_P(EachAllocationOfAnInterpreter, LeavesItUsable) {
+  std::size_t failures = 0;
+  for (std::size_t number = 0;; ++number) {
+    Host host;
+    const Statements statements = host.parsed(smallProject().at("main.velto"));
+    const Statements more = host.parsed("print(\"!\") process(\"footer.txt\", into: \"again\")");
+    const bool hasFailed = failsAt(host, statements, number, GetParam());
+    if (!hasFailed && !host.interpreter.hadError && host.printed == expectedOutput()) break;
+    ASSERT_TRUE(hasFailed) << number;
+    EXPECT_TRUE(host.interpreter.hadError) << number;
+    EXPECT_EQ(host.interpreter.stack().size(), 1u) << number;
+    host.printed = "";
+    host.interpreter.interpret(more);
+    ASSERT_EQ(host.printed, "!") << number;
+    ASSERT_EQ(host.files->files["/output/again"], "-- [1, [2: b], 0..<3] 7 --\n") << number;
+    ASSERT_TRUE(host.logger->messages.empty()) << number;
+    ++failures;
+  }
+  EXPECT_GT(failures, 300u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Interpreters, EachAllocationOfAnInterpreter,
+                         testing::Values(Failing::once, Failing::fromThenOn));
+
+}  // namespace
+}  // namespace velto::test

@@ -1,0 +1,184 @@
+#include "tests/reliability/FailingAllocator.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <new>
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(__APPLE__)
+#define VELTO_MALLOC_IS_TAKEN
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define VELTO_MALLOC_IS_TAKEN
+#endif
+#endif
+
+namespace {
+
+struct State {
+  std::ptrdiff_t live = 0;
+  std::size_t untilFailure = 0;
+  bool isArmed = false;
+  bool isForGood = false;
+  bool hasStruck = false;
+};
+
+thread_local constinit State state;
+
+bool mustFail() noexcept {
+  if (!state.isArmed) return false;
+  if (state.hasStruck) return state.isForGood;
+  if (state.untilFailure-- > 0) return false;
+  state.hasStruck = true;
+  return true;
+}
+
+void* counted(void* block) noexcept {
+  if (block) ++state.live;
+  return block;
+}
+
+}  // namespace
+
+namespace velto::test {
+
+AllocationFailure::AllocationFailure(std::size_t number, Failing failing) noexcept {
+  state = {state.live, number, true, failing == Failing::fromThenOn, false};
+}
+
+AllocationFailure::~AllocationFailure() {
+  state.isArmed = false;
+}
+
+bool AllocationFailure::hasStruck() const noexcept {
+  return state.hasStruck;
+}
+
+std::ptrdiff_t liveBlocks() noexcept {
+  return state.live;
+}
+
+}  // namespace velto::test
+
+#if defined(VELTO_MALLOC_IS_TAKEN)
+
+namespace {
+
+void* allocate(std::size_t size) noexcept {
+  return mustFail() ? nullptr : counted(std::malloc(size == 0 ? 1 : size));
+}
+
+void give(void* block) noexcept {
+  if (block) --state.live;
+  std::free(block);
+}
+
+}  // namespace
+
+#else
+
+// The allocator of the C library, by the names that it keeps for programs that replace it.
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+void __libc_free(void* block);
+}
+
+namespace {
+
+void* withError(void* block) noexcept {
+  if (!block) errno = ENOMEM;
+  return block;
+}
+
+void* allocate(std::size_t size) noexcept {
+  return withError(mustFail() ? nullptr : counted(__libc_malloc(size)));
+}
+
+void* allocateAligned(std::size_t alignment, std::size_t size) noexcept {
+  return withError(mustFail() ? nullptr : counted(__libc_memalign(alignment, size)));
+}
+
+void give(void* block) noexcept {
+  if (block) --state.live;
+  __libc_free(block);
+}
+
+}  // namespace
+
+extern "C" {
+
+void* malloc(std::size_t size) {
+  return allocate(size);
+}
+
+void* calloc(std::size_t count, std::size_t size) {
+  return withError(mustFail() ? nullptr : counted(__libc_calloc(count, size)));
+}
+
+void* realloc(void* block, std::size_t size) {
+  if (!block) return allocate(size);
+  return withError(mustFail() ? nullptr : __libc_realloc(block, size));
+}
+
+void* memalign(std::size_t alignment, std::size_t size) {
+  return allocateAligned(alignment, size);
+}
+
+void* aligned_alloc(std::size_t alignment, std::size_t size) {
+  return allocateAligned(alignment, size);
+}
+
+int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
+  *block = allocateAligned(alignment, size);
+  return *block ? 0 : ENOMEM;
+}
+
+void free(void* block) {
+  give(block);
+}
+}
+
+#endif
+
+namespace {
+
+void* allocateOrThrow(std::size_t size) {
+  if (void* const block = allocate(size)) return block;
+  throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return allocateOrThrow(size);
+}
+
+void* operator new[](std::size_t size) {
+  return allocateOrThrow(size);
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return allocate(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return allocate(size);
+}
+
+void operator delete(void* block) noexcept {
+  give(block);
+}
+
+void operator delete[](void* block) noexcept {
+  give(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept {
+  give(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept {
+  give(block);
+}
