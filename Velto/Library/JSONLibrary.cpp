@@ -1,6 +1,9 @@
 // `loadJSON`.
 #include "Velto/Library/JSONLibrary.h"
 
+#include <exception>
+#include <new>
+
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Platform/FileSystem.h"
 #include "Velto/Value/Array.h"
@@ -25,7 +28,9 @@ Value loadJSON(const Value& path, const Url& base, FileSystem& fileSystem, TextP
   if (!url) return nullptr;
   const std::optional<Value> document = parseJSON(fileSystem.readBytes(*url), texts);
   return document && (document->array() || document->dictionary()) ? *document : nullptr;
-} catch (const FileError&) {
+} catch (const std::bad_alloc&) {
+  throw;
+} catch (const std::exception&) {  // a file system of a host's may throw what it likes
   return nullptr;
 }
 
