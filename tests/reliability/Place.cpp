@@ -40,6 +40,8 @@ Outcome Place::run(const std::string& program, const std::function<void(const st
       processor.process(file);
     } catch (const VeltoError& error) {
       outcome.step = error.step;
+    } catch (const FileError& error) {
+      outcome.fileError = error.what();
     } catch (const std::bad_alloc&) {
       outcome.lackedMemory = true;
     }

@@ -21,6 +21,7 @@ struct Outcome {
   std::vector<std::string> messages;
   std::optional<VeltoError::Step> step;  ///< of the error that was thrown
   bool lackedMemory = false;             ///< whether `std::bad_alloc` was thrown
+  std::optional<std::string> fileError;  ///< what the `FileError` that was thrown says
 
   bool operator==(const Outcome&) const = default;
 };
@@ -63,13 +64,20 @@ class LocalPlace final : public Place {
 };
 
 class MemoryPlace final : public Place {
+ public:
+  /// What the library sees instead of the files.
+  using Wrap = std::function<std::shared_ptr<FileSystem>(std::shared_ptr<MemoryFileSystem>)>;
+
+  explicit MemoryPlace(Wrap wrap = [](auto files) { return files; }) : wrap_(std::move(wrap)) {}
+
  private:
   void clear() override;
-  std::shared_ptr<FileSystem> fileSystem() override { return files_; }
+  std::shared_ptr<FileSystem> fileSystem() override { return wrap_(files_); }
   std::string base() const override { return "/project"; }
   Files written() override;
   std::string output() override { return files_->files["<1>"]; }
 
+  Wrap wrap_;
   std::shared_ptr<MemoryFileSystem> files_;
 };
 
