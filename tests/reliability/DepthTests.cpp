@@ -1,0 +1,254 @@
+// What is deeper than any stack.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "tests/reliability/StackThread.h"
+#include "tests/support/TestHost.h"
+
+namespace velto::test {
+namespace {
+
+using testing::IsEmpty;
+
+/// How deep things are: too deep for the larger of the two stacks. More takes longer and may be asked for.
+const int depth = [] {
+  const char* const wish = std::getenv("VELTO_DEPTH");
+  return wish ? std::atoi(wish) : 100'000;
+}();
+
+std::string repeated(std::string_view piece, int count = depth) {
+  std::string all;
+  all.reserve(piece.size() * static_cast<std::size_t>(count));
+  for (int index = 0; index < count; ++index) all += piece;
+  return all;
+}
+
+/// That a host which has met the end of the stack can go on as if nothing had happened.
+void expectToGoOn(TestHost& host) {
+  host.logger->messages.clear();
+  host.files->files["<1>"] = "";
+  host.run("func twice(_ x) return x + x end print([1, 2, 3].map(twice))");
+  EXPECT_EQ(host.step, std::nullopt);
+  EXPECT_EQ(host.output(), "[2, 4, 6]");
+  EXPECT_THAT(host.messages(), IsEmpty());
+}
+
+void onBothStacks(const std::function<void()>& work) {
+  for (const std::size_t size : {usualStack, smallStack}) {
+    SCOPED_TRACE(size);
+    onStack(size, work);
+  }
+}
+
+struct Source {
+  std::string name;
+  std::string open;
+  std::string middle = "1";
+  std::string close = "";
+};
+
+class DeepSource : public testing::TestWithParam<Source> {};
+
+TEST_P(DeepSource, IsASyntaxErrorAtTheTokenThatIsTooDeep) {
+  const auto& [name, open, middle, close] = GetParam();
+  const std::string program = repeated(open) + middle + repeated(close);
+  onBothStacks([&] {
+    TestHost host;
+    host.run(program);
+    EXPECT_EQ(host.step, VeltoError::Step::parse);
+    ASSERT_FALSE(host.logger->messages.empty());
+    const Message& message = host.logger->messages.front();
+    EXPECT_EQ(message.message, "Nesting is too deep.");
+    EXPECT_EQ(message.range().startLine, 1);
+    EXPECT_GT(message.range().startColumn, static_cast<Int>(100 * open.size()));
+    EXPECT_LE(message.range().startColumn, static_cast<Int>(depth * open.size()));
+    EXPECT_EQ(host.output(), "");
+    expectToGoOn(host);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Nested, DeepSource,
+    testing::Values(Source{"Parentheses", "(", "1", ")"}, Source{"Arrays", "[", "1", "]"},
+                    Source{"Dictionaries", "[1:", "1", "]"}, Source{"Minus", "-"}, Source{"Not", "!", "true"},
+                    Source{"Ifs", "if true ", "1", "end "}, Source{"Elses", "if a else; ", "1", "end "},
+                    Source{"Whiles", "while true ", "1", "end "}, Source{"Loops", "for i in 0...0 ", "1", "end "},
+                    Source{"Functions", "func f() ", "1", "end "},
+                    Source{"Switches", "switch 1 default: ", "1", "end "}, Source{"Calls", "f(", "1", ")"},
+                    Source{"Subscripts", "a[", "1", "]"}, Source{"Assignments", "a="}),
+    [](const auto& info) { return info.param.name; });
+
+struct Chain {
+  std::string name;
+  std::string first;
+  std::string link;
+};
+
+class DeepChain : public testing::TestWithParam<Chain> {};
+
+TEST_P(DeepChain, ExhaustsTheStackWhenItIsEvaluated) {
+  const auto& [name, first, link] = GetParam();
+  const std::string program = "print(\"before\")\n" + first + repeated(link) + "\nprint(\"behind\")";
+  onBothStacks([&] {
+    TestHost host;
+    host.run(program);
+    EXPECT_EQ(host.step, VeltoError::Step::interpret);
+    EXPECT_EQ(host.output(), "before");
+    // The resolver comes to the end of the stack too, and lets the program run.
+    ASSERT_GE(host.logger->messages.size(), 2u);
+    for (const Message& message : host.logger->messages) {
+      if (message.level != Message::Level::error) continue;
+      EXPECT_EQ(message.message, "Stack exhausted.");
+      EXPECT_EQ(message.range().startLine, 2);
+      EXPECT_EQ(message.range().startColumn, 1);
+    }
+    expectToGoOn(host);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Long, DeepChain,
+                         testing::Values(Chain{"Additions", "1", "+1"}, Chain{"Conjunctions", "true", "&&true"},
+                                         Chain{"Comparisons", "1", "==1"}, Chain{"Calls", "print", "()"},
+                                         Chain{"Members", "a", ".b"}, Chain{"Subscripts", "a", "[0]"},
+                                         Chain{"Checks", "1", " is Number"}),
+                         [](const auto& info) { return info.param.name; });
+
+TEST(LongBranches, AreNoDepth) {
+  onBothStacks([] {
+    TestHost host;
+    host.run("var a = 0\nif a == 1 print(1)" + repeated(" else if a == 2 print(2)") + " else print(3) end");
+    EXPECT_THAT(host.messages(), IsEmpty());
+    EXPECT_EQ(host.output(), "3");
+  });
+}
+
+struct Wrapping {
+  std::string name;
+  std::string open;
+  std::string close;
+  std::string printedOpen;
+};
+
+class DeepValue : public testing::TestWithParam<Wrapping> {
+ protected:
+  /// A program that makes the variable `name` so deep.
+  static std::string nested(const std::string& name) {
+    const auto& [test, open, close, printed] = GetParam();
+    return "var " + name + " = 1 for i in 0..<" + std::to_string(depth) + " " + name + " = " + open + name + close +
+           " end\n";
+  }
+};
+
+TEST_P(DeepValue, IsPrinted) {
+  const std::string expected = repeated(GetParam().printedOpen) + "1" + repeated("]");
+  onBothStacks([&] {
+    TestHost host;
+    host.run(nested("a") + "print(a)");
+    EXPECT_THAT(host.messages(), IsEmpty());
+    EXPECT_TRUE(host.output() == expected);
+  });
+}
+
+TEST_P(DeepValue, IsComparedSortedAndDropped) {
+  onBothStacks([&] {
+    TestHost host;
+    host.run(nested("a") + nested("b") +
+             "func areEqual(_ x, _ y) return x == y end\n"
+             R"v(print("\(a == b) \(a == [b]) \(a is Number) ") )v"
+             "print([a, b, a].sorted(by: areEqual).count)\n"
+             "switch a case b: print(\" same\") default: print(\" other\") end\n"
+             "a = nil b = nil print(\" dropped\")");
+    EXPECT_THAT(host.messages(), IsEmpty());
+    EXPECT_EQ(host.output(), "true false false 3 same dropped");
+  });
+}
+
+TEST_P(DeepValue, IsHashedVerifiedAndTakenAsAGlobal) {
+  const auto nested = [] {
+    Value value = 1;
+    for (int level = 0; level < depth; ++level) {
+      value = GetParam().name == "Arrays" ? Value::arrayLiteral({value}) : Value::dictionaryLiteral({{"k", value}});
+    }
+    return value;
+  };
+  const Value value = nested();
+  onBothStacks([&] {
+    EXPECT_TRUE(Value::verify(value));
+    Dictionary dictionary;
+    dictionary.set(value, "found");
+    EXPECT_EQ(*dictionary.find(nested()), Value("found"));
+    TestHost host;
+    host.processor.globals["deep"] = value;
+    host.run("print(deep is Number)");
+    EXPECT_EQ(host.output(), "false");
+    EXPECT_THAT(host.messages(), IsEmpty());
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Deep, DeepValue,
+                         testing::Values(Wrapping{"Arrays", "[", "]", "["},
+                                         Wrapping{"Dictionaries", "[\"k\": ", "]", "[k: "}),
+                         [](const auto& info) { return info.param.name; });
+
+TEST(DeepDocument, IsNilWhereTheStackIsTooSmall) {
+  const std::string arrays = repeated("[") + repeated("]");
+  const std::string objects = repeated("{\"a\":") + "1" + repeated("}");
+  const std::string moderate = repeated("[", 300) + repeated("]", 300);
+  onBothStacks([&] {
+    TestHost host;
+    host.files->files = {{"/a.json", arrays}, {"/b.json", objects}, {"/c.json", moderate}};
+    host.run(
+        R"v(var a = loadJSON("a.json") var b = loadJSON("b.json") print("\(a) \(b) ") print(loadJSON("c.json")))v");
+    EXPECT_THAT(host.messages(), IsEmpty());
+    EXPECT_EQ(host.output(), "nil nil " + moderate);
+    expectToGoOn(host);
+  });
+}
+
+struct Runaway {
+  std::string name;
+  std::string program;
+};
+
+class RunawayRecursion : public testing::TestWithParam<Runaway> {};
+
+TEST_P(RunawayRecursion, IsReportedAndEndsTheFailingPart) {
+  onBothStacks([] {
+    TestHost host;
+    host.files->files = {{"/include", "<% include \"include\" %>"},
+                         {"/process", "<% process(\"process\", into: \"/out\") %>"},
+                         {"/execute", "execute(\"execute\")"},
+                         {"/twice", "<% include \"twice\" %><% include \"twice\" %>"}};
+    host.run("print(\"before\")\n" + GetParam().program);
+    EXPECT_EQ(host.step, VeltoError::Step::interpret);
+    EXPECT_EQ(host.output(), "before");
+    ASSERT_FALSE(host.logger->messages.empty());
+    EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
+    EXPECT_EQ(host.logger->messages.front().level, Message::Level::error);
+    expectToGoOn(host);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, RunawayRecursion,
+                         testing::Values(Runaway{"Functions", "func f() f() end f()"},
+                                         Runaway{"Values", "func f() return 1 + f() end f()"},
+                                         Runaway{"TwoFunctions", "func f() return g() end func g() return f() end f()"},
+                                         Runaway{"Maps", "func f(_ x) return [x].map(f) end f(1)"},
+                                         Runaway{"Filters", "func f(_ x) return [x].filter(f) end f(1)"},
+                                         Runaway{"Sorts", "func f(_ a, _ b) return [a, b].sorted(by: f) end f(1, 2)"},
+                                         Runaway{"Texts", "func f() return \"\\(f())\" end f()"},
+                                         Runaway{"Loops", "func f() for i in [1, 2] while true f() end end end f()"},
+                                         Runaway{"Branches", "func f() switch 1 case 1: if true f() end end end f()"},
+                                         Runaway{"Includes", "include \"include\""},
+                                         Runaway{"IncludesTwice", "include \"twice\""},
+                                         Runaway{"Processes", "process(\"process\", into: \"/out\")"},
+                                         Runaway{"Executions", "execute(\"execute\")"}),
+                         [](const auto& info) { return info.param.name; });
+
+}  // namespace
+}  // namespace velto::test
