@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <new>
+#include <unordered_set>
 
 #include "Velto/Interpreter/Function.h"
+#include "Velto/Interpreter/UnreachableScopes.h"
 
 namespace velto {
 
@@ -24,11 +26,11 @@ std::uint32_t countAtFirstName(const Environment& scope, const Bindings::Binding
   return isFirst ? static_cast<std::uint32_t>(std::ranges::count_if(bindings, isSame)) : 0;
 }
 
-/// Whether only functions that stand in the scope itself hold it, and only the scope holds them. `holders` and
-/// `observers` are the references that the caller knows of. Scopes end on the way out of a failure, when there may be
-/// no memory to ask for.
-bool isHeldByItsOwnFunctionsOnly(const Environment& scope, std::uint32_t holders, std::uint32_t observers) noexcept {
-  if (scope.observerCount() > observers) return false;  // a scope inside could still come here
+/// Whether only functions that stand in the scope itself hold it, and only the scope holds them. The caller holds it
+/// once. Most scopes are told by that, and scopes end on the way out of a failure, when there may be no memory.
+bool isHeldByItsOwnFunctionsOnly(const Environment& scope) noexcept {
+  constexpr std::uint32_t byTheCaller = 1;
+  if (scope.isObserved()) return false;  // a scope inside could still come here
   std::uint32_t functions = 0;
   for (const Bindings::Binding& binding : scope.values.bindings()) {
     const Function* const function = functionOf(scope, binding.value);
@@ -38,7 +40,7 @@ bool isHeldByItsOwnFunctionsOnly(const Environment& scope, std::uint32_t holders
     if (count != function->holderCount()) return false;
     ++functions;
   }
-  return scope.holderCount() == functions + holders;
+  return scope.holderCount() == functions + byTheCaller;
 }
 
 }  // namespace
@@ -56,7 +58,7 @@ void SurvivingScopes::expect(std::size_t count) {
 
 void SurvivingScopes::leave(Ref<Environment> scope) noexcept {
   if (scope->holderCount() == 1) return;
-  if (isHeldByItsOwnFunctionsOnly(*scope, 1, 0)) {
+  if (isHeldByItsOwnFunctionsOnly(*scope)) {
     scope->values.clear();
   } else {
     note(*scope);
@@ -70,11 +72,16 @@ void SurvivingScopes::note(Environment& scope) noexcept try {
 } catch (const std::bad_alloc&) {
 }
 
-void SurvivingScopes::sweep() noexcept {
-  for (const WeakRef<Environment>& scope : scopes_) {
-    const Ref<Environment> alive(scope.get());
-    if (alive && isHeldByItsOwnFunctionsOnly(*alive, 1, 1)) alive->values.clear();
-  }
+void SurvivingScopes::sweep() {
+  // A scope that a host pushes again is popped again.
+  std::unordered_set<const Environment*> seen;
+  const auto isToGo = [&](const Environment* scope) { return !scope || !seen.insert(scope).second; };
+  std::erase_if(scopes_, [&](const WeakRef<Environment>& scope) { return isToGo(scope.get()); });
+  std::vector<Ref<Environment>> alive;
+  for (const WeakRef<Environment>& scope : scopes_) alive.emplace_back(scope.get());
+  constexpr std::uint32_t byThisList = 1;
+  for (const Ref<Environment>& scope : unreachable(alive, byThisList)) scope->values.clear();
+  alive.clear();
   std::erase_if(scopes_, [](const WeakRef<Environment>& scope) { return !scope.get(); });
   sweepAt_ = std::max<std::size_t>(64, 2 * scopes_.size());  // so that sweeping costs a constant per scope
 }

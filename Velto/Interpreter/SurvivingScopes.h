@@ -7,8 +7,8 @@
 
 namespace [[gnu::visibility("default")]] velto {
 
-/// A function that is stored in the scope that it closes over keeps that scope for ever, by the count alone. Where
-/// nobody else can reach the two, they are let go, which no program can see.
+/// A function that is stored in the scope that it closes over keeps that scope for ever, by the count alone, and so do
+/// two that stand in each other's scopes. Where nobody else can reach them, they are let go, which no program can see.
 class SurvivingScopes {
  public:
   SurvivingScopes() noexcept = default;
@@ -24,7 +24,7 @@ class SurvivingScopes {
 
  private:
   void note(Environment& scope) noexcept;
-  void sweep() noexcept;
+  void sweep();
 
   std::vector<WeakRef<Environment>> scopes_;
   std::size_t sweepAt_ = 64;

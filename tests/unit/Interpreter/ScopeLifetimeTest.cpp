@@ -73,6 +73,25 @@ TEST_F(ScopeLifetimeTest, SweepsScopesWhoseFunctionsHaveGone) {
             "true");
 }
 
+TEST_F(ScopeLifetimeTest, SweepsScopesThatHoldOneAnother) {
+  // The block keeps `made`, which keeps the scope of `make`, which lies in the block, which keeps `make`.
+  EXPECT_EQ(run("for i in 0..<1000 func make() var w = witness() func get() return w end return get end "
+                "var made = make() end print(living() < 200)"),
+            "true");
+  // And a ring of two.
+  EXPECT_EQ(run("func make() var w = witness() var other = 1 func set(_ x) other = x end return set end "
+                "for i in 0..<1000 var a = make() var b = make() a(b) b(a) end print(living() < 400)"),
+            "truetrue");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsARingThatAFunctionLeadsTo) {
+  EXPECT_EQ(run("var kept = nil func make(_ n) var w = witness() var again = nil "
+                "func value() return \"\\(n)\\(w)\" end func get() again = get return value() end return get end "
+                "for i in 0..<500 var made = make(i) made() if i == 7 kept = made end end "
+                "print(kept()) print(living() < 200)"),
+            "7witnesstrue");
+}
+
 TEST_F(ScopeLifetimeTest, LeavesNothingBehind) {
   run("var w = witness() func f() return w end var keep = [f] "
       "func make() var w = witness() var a = nil func get() return w end a = [get] return a end var g = make() make()");
