@@ -16,7 +16,6 @@ var model = loadJSON("model.json")
 mkdir("\(outputPath)/parts/inner")
 copy(from: "static", to: "\(outputPath)/static")
 
-func byName(_ left, _ right) return left["name"] < right["name"] end
 func nameOf(_ entry) return entry["name"] end
 func isLong(_ text) return text.contains("e") end
 func before(_ left, _ right) return order[left] < order[right] end
