@@ -1,6 +1,6 @@
 # The commands of daily work. CMake does the building; see CMakePresets.json.
 .DEFAULT_GOAL := build
-.PHONY: build demo test fuzz coverage bench format dependencies clean
+.PHONY: build demo test fuzz threads torture coverage bench format dependencies clean
 
 JOBS ?= $(shell nproc)
 CTEST := ctest --output-on-failure --no-tests=error -j $(JOBS)
@@ -31,12 +31,28 @@ test: dependencies
 	$(MAKE) fuzz SECONDS=30
 
 # Looks for inputs that break a promise: `make fuzz SECONDS=600` takes ten minutes for each fuzzer.
-SECONDS ?= 60
+fuzz: SECONDS ?= 60
 fuzz: dependencies
 	scripts/install-dependencies clang libclang-rt-14-dev
 	cmake --preset fuzz
 	cmake --build --preset fuzz -j $(JOBS)
 	scripts/run-fuzzers $(SECONDS)
+
+# Many programs on many threads, under the sanitizer for threads.
+threads: dependencies
+	cmake --preset threads
+	cmake --build --preset threads -j $(JOBS)
+	$(CTEST) --test-dir build/threads -R '^reliability.Thread$$'
+
+# What takes too long for `make test`: memory that lacks anywhere, stacks of all sizes, runs that are killed, tens of
+# millions of turns, and depth in the millions. It ends after about so many seconds.
+torture: SECONDS ?= 600
+torture: dependencies
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS) --target EnduranceTests DepthTests
+	VELTO_SECONDS=$$(( $(SECONDS) * 3 / 4 )) build/release/bin/EnduranceTests --gtest_brief=1
+	VELTO_DEPTH=1000000 timeout $$(( $(SECONDS) / 4 + 1 )) build/release/bin/DepthTests --gtest_brief=1 \
+	  || { status=$$?; test $$status = 124 && echo "The time was up before all depths were tried."; }
 
 # Which lines of the library the tests reach.
 coverage: dependencies

@@ -41,7 +41,7 @@ void* counted(void* block) noexcept {
 
 namespace velto::test {
 
-AllocationFailure::AllocationFailure(std::size_t number, Failing failing) noexcept {
+AllocationFailure::AllocationFailure(std::size_t number, Failing failing) noexcept : number_(number) {
   state = {state.live, number, true, failing == Failing::fromThenOn, false};
 }
 
@@ -51,6 +51,10 @@ AllocationFailure::~AllocationFailure() {
 
 bool AllocationFailure::hasStruck() const noexcept {
   return state.hasStruck;
+}
+
+std::size_t AllocationFailure::count() const noexcept {
+  return number_ - state.untilFailure;
 }
 
 std::ptrdiff_t liveBlocks() noexcept {

@@ -21,6 +21,11 @@ class AllocationFailure {
 
   /// Whether anything failed.
   bool hasStruck() const noexcept;
+  /// How many allocations there were so far, if none has failed.
+  std::size_t count() const noexcept;
+
+ private:
+  std::size_t number_;
 };
 
 /// How many blocks this thread has asked for, less those that it has given back.

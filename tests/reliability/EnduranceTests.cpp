@@ -1,0 +1,328 @@
+// What takes long: repeated for as long as the environment says in VELTO_SECONDS, all of it together.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <limits>
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "Velto/Velto.h"
+#include "tests/reliability/FailingAllocator.h"
+#include "tests/reliability/Place.h"
+#include "tests/reliability/StackThread.h"
+#include "tests/support/TestHost.h"
+
+namespace velto::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
+
+/// The share of one test in the time that there is for all.
+class Share {
+ public:
+  bool isUsedUp() const { return Seconds(Clock::now() - begin_) > share(); }
+
+ private:
+  static Seconds share() {
+    const char* const wish = std::getenv("VELTO_SECONDS");
+    return Seconds((wish ? std::atof(wish) : 60.0) / testing::UnitTest::GetInstance()->test_to_run_count());
+  }
+
+  Clock::time_point begin_ = Clock::now();
+};
+
+/// Different in each run; a failure tells what was drawn.
+std::mt19937_64& randomness() {
+  static std::mt19937_64 engine{std::random_device()()};
+  return engine;
+}
+
+std::size_t drawn(std::size_t below) {
+  return std::uniform_int_distribution<std::size_t>(0, below - 1)(randomness());
+}
+
+/// Does `work` in a process of its own, and gives how that ended, as `waitpid` tells it.
+int inAnotherProcess(const std::function<int()>& work) {
+  std::fflush(stdout);
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(work());
+  int status = -1;
+  ::waitpid(child, &status, 0);
+  return status;
+}
+
+long peakOfMemory() {
+  rusage usage{};
+  ::getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+struct Kind {
+  std::string name;
+  std::string body;
+};
+
+class FlatMemory : public testing::TestWithParam<Kind> {
+ protected:
+  static constexpr int iterationsOfARound = 100'000;
+  static constexpr int rounds = 100;
+
+  /// Runs the body up to ten million times, and compares the peak with that after the first hundred thousand.
+  int run() const {
+    const Share share;
+    long peakAtFirst = 0;
+    int done = 0;
+    TestHost host;
+    host.files->files["/piece.txt"] = "<% var x = i %>";
+    host.processor.globals["goesOn"] = makeRef<Function0>("goesOn", [&]() -> Value {
+      if (++done == 1) peakAtFirst = peakOfMemory();
+      return !share.isUsedUp();
+    });
+    const std::string program =
+        "func twice(_ x) return x + x end var list = [3, 1, 2] func less(_ a, _ b) return a < b end\n"
+        "for round in 0..<rounds for i in 0..<iterations " +
+        GetParam().body + " end if !goesOn() break end end";
+    host.processor.globals["rounds"] = 1;
+    host.processor.globals["iterations"] = 1000;
+    host.run(program);  // brings in the code and all that is made once
+    done = 0;
+    host.processor.globals["rounds"] = rounds;
+    host.processor.globals["iterations"] = iterationsOfARound;
+    host.run(program);
+    const double growth = static_cast<double>(peakOfMemory()) / static_cast<double>(peakAtFirst) - 1;
+    std::cout << "  " << done * iterationsOfARound << " iterations, peak " << peakOfMemory() << " KiB, grown by "
+              << 100 * growth << " %" << std::endl;
+    return host.step || growth > 0.05 ? 1 : 0;
+  }
+};
+
+TEST_P(FlatMemory, StaysWhereItWas) {
+  EXPECT_EQ(inAnotherProcess([this] { return run(); }), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, FlatMemory,
+    testing::Values(Kind{"Blocks", "if true var a = i while true var b = a break end end"},
+                    Kind{"Calls", "twice(twice(i))"}, Kind{"Functions", "func inner(_ x) return x + i end inner(1)"},
+                    Kind{"Closures",
+                         "func make() var n = i func get() return n end return get end var got = make() got()"},
+                    Kind{"Recursion", "func count(_ n) if n > 0 return count(n - 1) end return 0 end count(3)"},
+                    Kind{"Texts", R"v(var text = "\(i)é\(i)" text = "\(text)\(text)" text.uppercased().snakeCased())v"},
+                    Kind{"Collections", "var values = [i, [\"a\": i, \"b\": [i]]] values[1][\"b\"] == [i]"},
+                    Kind{"Callbacks", "list.map(twice).sorted(by: less)"}, Kind{"Includes", "include \"piece.txt\""},
+                    Kind{"Processes", "process(\"piece.txt\", into: \"/out\")"}),
+    [](const auto& info) { return info.param.name; });
+
+/// The example of the entities in a folder that goes with it, beside one for its output.
+class Example {
+ public:
+  Example() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "velto-endurance-XXXXXX").string();
+    if (!::mkdtemp(pattern.data())) throw std::runtime_error("There is no folder for the test.");
+    folder_ = pattern;
+    std::filesystem::copy(VELTO_EXAMPLES "/entities", project(), std::filesystem::copy_options::recursive);
+    expected_ = filesIn(project() / "expected");
+    inputs_ = filesIn(project());
+  }
+  ~Example() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+  Example(const Example&) = delete;
+  Example& operator=(const Example&) = delete;
+
+  void run() const {
+    Processor processor(Url(project().string()), std::make_shared<ArrayLogger>());
+    processor.globals["outputPath"] = output().string();
+    processor.process("generate.velto");
+  }
+
+  void clear() const { std::filesystem::remove_all(output()); }
+  Files written() const { return std::filesystem::exists(output()) ? filesIn(output()) : Files(); }
+  const Files& expected() const { return expected_; }
+  /// Whether there is nothing beside the output that wasn't there before.
+  bool isUntouchedElsewhere() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) names.insert(entry.path().filename());
+    names.erase("output");
+    return names == std::set<std::string>{"project"} && filesIn(project()) == inputs_;
+  }
+
+ private:
+  std::filesystem::path project() const { return folder_ / "project"; }
+  std::filesystem::path output() const { return folder_ / "output"; }
+
+  static Files filesIn(const std::filesystem::path& folder) {
+    Files found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+      if (!entry.is_regular_file()) continue;
+      std::ifstream file(entry.path(), std::ios::binary);
+      found[entry.path().lexically_relative(folder).string()] = {std::istreambuf_iterator<char>(file), {}};
+    }
+    return found;
+  }
+
+  std::filesystem::path folder_;
+  Files expected_;
+  Files inputs_;
+};
+
+void expectPrefixes(const Files& written, const Files& expected) {
+  for (const auto& [path, bytes] : written) {
+    ASSERT_TRUE(expected.contains(path)) << path;
+    ASSERT_TRUE(expected.at(path).starts_with(bytes)) << path;
+  }
+}
+
+TEST(Killed, LeavesTheStartOfEachFileAndNothingElse) {
+  const Share share;
+  const Example example;
+  const auto quietly = [&] {
+    (void)!::freopen("/dev/null", "w", stdout);
+    example.run();
+    return 0;
+  };
+  const Clock::time_point begin = Clock::now();
+  ASSERT_EQ(inAnotherProcess(quietly), 0);
+  const auto length = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begin).count();
+  ASSERT_EQ(example.written(), example.expected());
+  int kills = 0;
+  int incomplete = 0;
+  while (!share.isUsedUp()) {
+    example.clear();
+    std::fflush(stdout);
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(quietly());
+    ::usleep(static_cast<useconds_t>(drawn(static_cast<std::size_t>(length))));
+    ::kill(child, SIGKILL);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    if (WIFSIGNALED(status)) ++kills;
+    const Files written = example.written();
+    if (written != example.expected()) ++incomplete;
+    expectPrefixes(written, example.expected());
+    ASSERT_TRUE(example.isUntouchedElsewhere());
+  }
+  std::cout << "killed " << kills << " times, " << incomplete << " of the outputs incomplete" << std::endl;
+  EXPECT_GT(kills, 0);
+}
+
+/// Runs the example with one allocation failing. False if it went through.
+bool lacksMemory(const Example& example, std::size_t number, Failing failing) {
+  const AllocationFailure failure(number, failing);
+  try {
+    example.run();
+    return false;
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
+}
+
+/// How many allocations the work needs.
+std::size_t countOfAllocations(const std::function<void()>& work) {
+  const AllocationFailure never(std::numeric_limits<std::size_t>::max());
+  work();
+  return never.count();
+}
+
+TEST(LackOfMemory, EndsTheExampleAnywhereAndHarmsNothing) {
+  const Share share;
+  const StandardOutput output;
+  const Example example;
+  example.run();
+  const std::size_t count = countOfAllocations([&] { example.run(); });
+  const std::ptrdiff_t liveBefore = liveBlocks();
+  int failures = 0;
+  while (!share.isUsedUp()) {
+    example.clear();
+    const std::size_t number = drawn(count);
+    const Failing failing = drawn(2) == 0 ? Failing::once : Failing::fromThenOn;
+    if (lacksMemory(example, number, failing)) ++failures;
+    expectPrefixes(example.written(), example.expected());
+    ASSERT_TRUE(example.isUntouchedElsewhere()) << number;
+    example.clear();
+    example.run();
+    ASSERT_EQ(example.written(), example.expected()) << number;
+    ASSERT_EQ(liveBlocks(), liveBefore) << number;
+  }
+  std::cerr << "failed " << failures << " of " << count << " allocations" << std::endl;
+  EXPECT_GT(failures, 0);
+}
+
+/// What is set up once in a process is set up where memory lacks.
+TEST(LackOfMemory, AtFirstUseEndsTheRunAndHarmsNothing) {
+  const Share share;
+  int rounds = 0;
+  for (const std::string program : {"main.velto", "faulty.velto"}) {
+    Outcome expected;
+    const auto isRight = [&](std::size_t number, Failing failing) {
+      MemoryPlace place;
+      const Outcome outcome = place.run(program, [&](const std::function<void()>& work) {
+        const AllocationFailure failure(number, failing);
+        work();
+      });
+      MemoryPlace other;
+      const Outcome next = other.run(program);
+      if (program == "main.velto" && (next.files != expectedFiles() || next.output != expectedOutput())) return 1;
+      return outcome.lackedMemory || outcome == next ? 0 : 2;
+    };
+    for (int round = 0; round < 1500 && !share.isUsedUp(); ++round, ++rounds) {
+      const std::size_t number = drawn(2000);
+      const Failing failing = drawn(2) == 0 ? Failing::once : Failing::fromThenOn;
+      ASSERT_EQ(inAnotherProcess([&] { return isRight(number, failing); }), 0) << program << " " << number;
+    }
+  }
+  std::cout << rounds << " processes" << std::endl;
+}
+
+TEST(Stacks, OfAnySizeAreEnoughToReportTheirEnd) {
+  const std::vector<std::string> programs = {
+      "func f(_ x) return [x].map(f) end f(1)",
+      "func f(_ a, _ b) return [a, b].sorted(by: f) end f(1, 2)",
+      "func f() return \"é\" + f() end f()",
+      R"v(func f() return "\(f())" end f())v",
+      "include \"include\"",
+      "process(\"process\", into: \"/out\")",
+      "execute(\"execute\")",
+      "func f() for i in [1] while true switch 1 case 1: loadJSON(\"a.json\") print(book) f() end end end end f()"};
+  const Share share;
+  int runs = 0;
+  while (!share.isUsedUp()) {
+    const std::size_t size = smallStack / 2 + 16 * drawn(smallStack / 8);
+    const std::string& program = programs[drawn(programs.size())];
+    SCOPED_TRACE(program + " on a stack of " + std::to_string(size));
+    onStack(size, [&] {
+      TestHost host;
+      host.files->files = {{"/include", "<% include \"include\" %>"},
+                           {"/process", "<% process(\"process\", into: \"/out\") %>"},
+                           {"/execute", "execute(\"execute\")"},
+                           {"/a.json", "[[[[[[[[1]]]]]]]]"}};
+      host.processor.globals = smallProjectGlobals();
+      host.run(program);
+      EXPECT_EQ(host.step, VeltoError::Step::interpret);
+      host.run("print(1 + 1)");
+      EXPECT_EQ(host.step, std::nullopt);
+    });
+    ASSERT_FALSE(testing::Test::HasFailure());
+    ++runs;
+  }
+  std::cout << runs << " stacks" << std::endl;
+}
+
+}  // namespace
+}  // namespace velto::test
