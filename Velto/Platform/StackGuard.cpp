@@ -64,7 +64,9 @@ Bounds askForBounds() noexcept {
 }  // namespace
 
 StackGuard::StackGuard() noexcept {
-  thread_local const Bounds bounds = askForBounds();  // asking for those of the main thread reads a file
+  // Asking for those of the main thread reads a file, and may fail for lack of memory or descriptors.
+  thread_local constinit Bounds bounds;
+  if (bounds.size == 0) bounds = askForBounds();
   const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
   limit_ = bounds.contain(here) ? std::max(bounds.limit(), here - largestUse) : here - leftOfUnknownStack;
 }

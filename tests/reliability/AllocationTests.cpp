@@ -8,6 +8,7 @@
 
 #include "tests/reliability/FailingAllocator.h"
 #include "tests/reliability/Place.h"
+#include "tests/reliability/StackThread.h"
 
 namespace velto::test {
 namespace {
@@ -78,6 +79,25 @@ TEST(SmallProject, IsRunAsExpected) {
     EXPECT_TRUE(outcome.messages.empty());
     EXPECT_EQ(outcome.step, std::nullopt);
   }
+}
+
+/// Whether a guard that is made here is exhausted further down.
+[[gnu::noinline]] bool isExhaustedBelow(const StackGuard& guard, int levels) {
+  [[maybe_unused]] volatile char frame[4096] = {};
+  const bool isExhausted = levels == 0 ? guard.isExhausted() : isExhaustedBelow(guard, levels - 1);
+  frame[static_cast<std::size_t>(levels)] = 1;
+  return isExhausted;
+}
+
+TEST(AStackGuard, ThatLackedMemoryIsNoMeasureForOthers) {
+  onStack(usualStack, [] {
+    {
+      const AllocationFailure failure(0, Failing::fromThenOn);
+      const StackGuard guard;
+    }
+    const StackGuard guard;
+    EXPECT_FALSE(isExhaustedBelow(guard, 64));
+  });
 }
 
 /// An interpreter of a host's that prints into a text.
