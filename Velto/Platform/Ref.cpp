@@ -1,8 +1,8 @@
 // How objects end that nobody holds any more.
 #include "Velto/Platform/Ref.h"
 
+#include <boost/container/small_vector.hpp>
 #include <new>
-#include <vector>
 
 namespace velto {
 
@@ -12,10 +12,13 @@ namespace {
 /// are flatter, and end without any waiting.
 constexpr int deepest = 16;
 
+/// Room for many without a question for memory: objects end where there is none, too.
+using Waiting = boost::container::small_vector<const Counted*, 1024>;
+
 /// What the thread is disposing of just now. A destructor has no other way to hand something on.
 struct Disposals {
   int depth = 0;
-  std::vector<const Counted*>* waiting = nullptr;  // that of the outermost disposal; null when there is none
+  Waiting* waiting = nullptr;  // that of the outermost disposal; null when there is none
 };
 
 // Reached through a fixed offset: it is looked at whenever an object ends.
@@ -38,7 +41,7 @@ class OutermostDisposal {
   }
 
  private:
-  std::vector<const Counted*> waiting_;
+  Waiting waiting_;
 };
 
 /// False where there is no memory left for those that wait; `object` has to end at once then.

