@@ -195,6 +195,20 @@ INSTANTIATE_TEST_SUITE_P(Deep, DeepValue,
                                          Wrapping{"Dictionaries", "[\"k\": ", "]", "[k: "}),
                          [](const auto& info) { return info.param.name; });
 
+TEST(DeepClosures, AreCalledAndDropped) {
+  onBothStacks([] {
+    TestHost host;
+    host.run(
+        "var last = nil func wrap(_ inner) func get() return inner end return get end\n"
+        "for i in 0..<" +
+        std::to_string(depth) +
+        " last = wrap(last) end\n"
+        "print(last() is Number) last = nil print(\" dropped\")");
+    EXPECT_THAT(host.messages(), IsEmpty());
+    EXPECT_EQ(host.output(), "false dropped");
+  });
+}
+
 TEST(DeepDocument, IsNilWhereTheStackIsTooSmall) {
   const std::string arrays = repeated("[") + repeated("]");
   const std::string objects = repeated("{\"a\":") + "1" + repeated("}");

@@ -144,6 +144,19 @@ TEST_F(MachineTest, WithoutDescriptorsNothingIsOpenedAndTheRunGoesOn) {
       "limit() execute(\"again\")", [] {}, isRight);
 }
 
+TEST_F(MachineTest, ATemplateThatProcessesItselfGivesAllDescriptorsBack) {
+  write("self", R"v(<% process("self", into: "\(folder)/out") %>)v");
+  write("small", "small");
+  const auto limit = [] {
+    const rlimit descriptors{64, 64};
+    ::setrlimit(RLIMIT_NOFILE, &descriptors);
+  };
+  const std::string expected = "`process` cannot open '" + (folder / "out").string() + "' for writing.";
+  expectInAnotherProcess(R"v(process("self", into: "\(folder)/out") process("small", into: "\(folder)/behind"))v",
+                         limit, [&](const auto& messages) { return messages == std::vector<std::string>{expected}; });
+  EXPECT_EQ(read("behind"), "small");
+}
+
 TEST_F(MachineTest, RightsAreReported) {
   std::filesystem::create_directory(folder / "closed");
   write("closed/file", "secret");
