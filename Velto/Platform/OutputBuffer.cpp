@@ -3,12 +3,20 @@
 
 #include <pthread.h>
 
+#include <atomic>
 #include <new>
 #include <utility>
 
 namespace velto {
 
 [[gnu::tls_model("initial-exec")]] thread_local constinit OutputBuffer* OutputBuffer::ofThread_ = nullptr;
+
+namespace {
+
+/// Set once objects of the program come to their ends, some of which may still write.
+constinit std::atomic<bool> isProcessEnding = false;
+
+}  // namespace
 
 /// Ends the buffer of a thread with the thread, and that of the last one with the process. A `thread_local` object with
 /// a destructor would do both, but where the C library finds no memory to take note of it, it stops the process.
@@ -18,6 +26,7 @@ class OutputBuffer::Owner {
   Owner(const Owner&) = delete;
   Owner& operator=(const Owner&) = delete;
   ~Owner() {
+    isProcessEnding = true;
     end();
     if (hasKey_) ::pthread_key_delete(key_);
   }
@@ -36,7 +45,7 @@ class OutputBuffer::Owner {
 OutputBuffer& OutputBuffer::makeOfThread() {
   static const Owner owner;
   auto made = std::make_unique<OutputBuffer>();
-  owner.own(*made);
+  if (!isProcessEnding) owner.own(*made);
   ofThread_ = made.release();
   return *ofThread_;
 }

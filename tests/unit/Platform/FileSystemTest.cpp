@@ -238,6 +238,19 @@ TEST_F(BufferingTest, AThreadWritesWhatIsLeftWhenItEnds) {
   EXPECT_EQ(files.log, Log({"create a", "a: x"}));
 }
 
+TEST(BufferingDeathTest, ObjectsThatOutliveTheBufferCanWrite) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";  // a process in which nothing has been written yet
+  const auto writeLate = [] {
+    static const int output = ::dup(STDERR_FILENO);
+    static const struct Late {
+      ~Late() { FileSystem::local()->descriptor(output)->write("late"); }
+    } late;
+    FileSystem::local()->descriptor(output)->write("early ");
+    std::exit(0);
+  };
+  EXPECT_EXIT(writeLate(), testing::ExitedWithCode(0), "^early late$");
+}
+
 /// A fresh folder of this machine, gone after the test.
 class LocalFilesTest : public testing::Test {
  protected:
