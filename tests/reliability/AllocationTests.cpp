@@ -9,6 +9,7 @@
 
 #include "tests/reliability/FailingAllocator.h"
 #include "tests/reliability/Place.h"
+#include "tests/reliability/Sanitizers.h"
 #include "tests/reliability/StackThread.h"
 
 namespace velto::test {
@@ -44,7 +45,8 @@ TEST_P(EachAllocation, EndsTheRunWithBadAllocAndHarmsNothing) {
   ASSERT_EQ(place->run(program), expected);
   const std::ptrdiff_t liveBefore = liveBlocks();
   const int openBefore = openDescriptors();
-  const std::size_t step = isOnDisk ? 5 : 1;  // a disk is slow, and most allocations are the same
+  // A disk is slow, and most allocations are the same.
+  const std::size_t step = (isOnDisk ? 5 : 1) * (isSanitized ? 3 : 1);
   std::size_t number = 0;
   for (; const std::optional<Outcome> outcome = runFailing(*place, program, number, failing); number += step) {
     ASSERT_TRUE(outcome->lackedMemory || *outcome == expected) << "The failure of " << number << " was swallowed.";

@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "Velto/Velto.h"
+#include "tests/reliability/Sanitizers.h"
 #include "tests/reliability/StandardOutput.h"
 
 namespace velto::test {
@@ -126,6 +127,7 @@ TEST_F(MachineTest, WhatFitsIntoTheLimitOfAFileIsThere) {
 }
 
 TEST_F(MachineTest, WithoutDescriptorsNothingIsOpenedAndTheRunGoesOn) {
+  if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
   write("small", "small");
   write("again", R"v(process("small", into: "\(folder)/out"))v");
   const auto limit = [] {
