@@ -241,11 +241,11 @@ TEST_F(BufferingTest, AThreadWritesWhatIsLeftWhenItEnds) {
 TEST(BufferingDeathTest, ObjectsThatOutliveTheBufferCanWrite) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";  // a process in which nothing has been written yet
   const auto writeLate = [] {
-    static const int output = ::dup(STDERR_FILENO);
     static const struct Late {
-      ~Late() { FileSystem::local()->descriptor(output)->write("late"); }
+      ~Late() { handle->write("late"); }
+      std::shared_ptr<FileHandle> handle = FileSystem::local()->descriptor(::dup(STDERR_FILENO));
     } late;
-    FileSystem::local()->descriptor(output)->write("early ");
+    late.handle->write("early ");
     std::exit(0);
   };
   EXPECT_EXIT(writeLate(), testing::ExitedWithCode(0), "^early late$");
