@@ -35,6 +35,7 @@ Parsed parse(const std::vector<Token>& tokens, std::string_view source) {
     result.messages = logger->messages;
   });
   requireLegal(stopped, {"Expected expression.", "Expected ',', ':' or ']'."});
+  require(!stopped || stopped->reason == Stop::Reason::fatal, "No parse of so short a text comes to the limits.");
   result.isStopped = stopped.has_value();
   require(!result.hadError || !result.messages.empty(), "An error is told by a message.");
   checkPlaces(result.messages, source);

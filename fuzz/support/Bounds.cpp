@@ -20,14 +20,17 @@ struct Budget {
   std::size_t memory = 0;
   long pieces = 0;
   long piecesTaken = 0;
+  bool isOutOfMemory = false;
+  bool hasRefused = false;
   bool hasFatal = false;
   char fatal[256] = {};
 };
 
 Budget budget;
 
-/// Smaller pieces are counted, but never refused: lack of memory is tested where a program asks for much of it.
-constexpr std::size_t muchMemory = 4096;
+/// What takes too much memory is stopped at its next step, since some of what it does on the way can't fail. A piece of
+/// this size is refused at once, as there may be none.
+constexpr std::size_t hugePiece = std::size_t{32} << 20;
 
 /// A stop that somebody has caught comes again, a while later.
 constexpr long stepsBehindStop = 10'000;
@@ -35,6 +38,7 @@ constexpr long stepsBehindStop = 10'000;
 /// While a stop is on its way, everything may be undone without limits.
 [[noreturn]] void stop(Stop::Reason reason) {
   budget.isMemoryOn = false;
+  budget.hasRefused = budget.hasRefused || reason == Stop::Reason::memory;
   budget.steps = stepsBehindStop;
   throw Stop(reason);
 }
@@ -50,16 +54,20 @@ void countMemory(std::size_t size) {
   if (!budget.isMemoryOn) return;
   ++budget.piecesTaken;
   if (--budget.pieces < 0) stop(Stop::Reason::memory);
-  const bool isTooMuch = size > budget.memory || size > budget.largest;
+  budget.isOutOfMemory = budget.isOutOfMemory || size > budget.memory || size > budget.largest;
   budget.memory -= std::min(size, budget.memory);
-  if (isTooMuch && size >= muchMemory) stop(Stop::Reason::memory);
+  if (size >= hugePiece) stop(Stop::Reason::memory);
 }
 
 class Running {
  public:
   explicit Running(const Limits& limits) noexcept : before_(setFatalHook(stopAtFatal)) {
-    budget = {
-        .isOn = true, .isMemoryOn = true, .steps = limits.steps, .largest = limits.largest, .memory = limits.memory};
+    budget = {.isOn = true,
+              .isMemoryOn = true,
+              .steps = limits.steps,
+              .largest = limits.largest,
+              .memory = limits.memory,
+              .pieces = limits.pieces};
   }
   ~Running() {
     budget.isOn = false;
@@ -85,7 +93,9 @@ long piecesTaken() noexcept {
 
 void countStep() {
   ++budget.stepsTaken;
-  if (budget.isOn && --budget.steps < 0) stop(Stop::Reason::steps);
+  if (!budget.isOn) return;
+  if (budget.isMemoryOn && budget.isOutOfMemory) stop(Stop::Reason::memory);
+  if (--budget.steps < 0) stop(Stop::Reason::steps);
 }
 
 std::optional<Stopped> bounded(const Limits& limits, const std::function<void()>& action) {
@@ -96,6 +106,7 @@ std::optional<Stopped> bounded(const Limits& limits, const std::function<void()>
     return Stopped{stop.reason, budget.fatal};
   }
   require(!budget.hasFatal, "A fatal stop is never caught.", budget.fatal);
+  if (budget.hasRefused) return Stopped{Stop::Reason::memory, ""};  // and somebody has gone on without it
   return std::nullopt;
 }
 

@@ -29,7 +29,8 @@ std::optional<std::vector<Token>> tokensOf(const Stage& stage, const ArrayLogger
 /// "//" at the very end takes one character more than there are.
 void checkStop(const std::optional<Stopped>& stopped, std::string_view source) {
   requireLegal(stopped, {"A cursor can't move beyond the end of its text.", "Failed to interpret a number"});
-  if (!stopped || stopped->reason != Stop::Reason::fatal) return;
+  if (!stopped) return;
+  require(stopped->reason == Stop::Reason::fatal, "No scan of so short a text comes to the limits.");
   const bool isNumber = stopped->fatal.starts_with("Failed");
   require(isNumber || source.ends_with("//"), "Only a comment at the end stops a scan.");
   const auto isASCII = [](char byte) { return static_cast<signed char>(byte) >= 0; };
