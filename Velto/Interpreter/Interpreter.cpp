@@ -179,9 +179,11 @@ void Interpreter::pushFurtherScope(Ref<Environment> scope) {
   stack_.push_back(std::move(scope));
 }
 
+/// The next scope is made first, so that a lack of memory leaves the stack as it is.
 void Interpreter::replaceScope() {
+  Ref<Environment> next = makeScope(stack_[stack_.size() - 2].get());
   popScope();
-  pushScope(makeScope(stack_.back().get()));
+  pushScope(std::move(next));
 }
 
 void Interpreter::leaveToSurvive(Ref<Environment> scope) noexcept {

@@ -130,7 +130,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   [[gnu::noinline]] void leaveToSurvive(Ref<Environment> scope) noexcept;
   void renewScope();
   [[gnu::noinline]] void replaceScope();
-  Ref<Environment> makeScope(Environment* enclosing) { return scopes_.make(enclosing); }
+  [[gnu::always_inline]] Ref<Environment> makeScope(Environment* enclosing) { return scopes_.make(enclosing); }
   [[noreturn]] void fail(const Range& range, String message);
   [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const Range& range);
   [[gnu::cold, gnu::noinline]] void failExhausted(const Statements& statements);
@@ -186,8 +186,13 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value call(const Call& node, const Value& callee);
   template <typename Callee>
   Value call(const Call& node, const Callee& callee);
-  template <typename Values, typename Callee>
-  Value call(const Call& node, const Callee& callee, std::span<const Label> labels);
+  template <std::size_t count, typename Callee>
+  Value callWith(const Call& node, const Callee& callee, std::span<const Label> labels);
+  template <typename Callee>
+  Value callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels);
+  template <typename Callee>
+  Value callWith(const Call& node, const Callee& callee, std::span<const Value> arguments);
+  Value evaluateArgument(const Call::Argument& argument, const Label& label);
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
   Value run(const Function& function, Arguments arguments);
   Value executeBody(const Statements& body);

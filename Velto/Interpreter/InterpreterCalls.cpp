@@ -1,5 +1,6 @@
 // Calls, and the declaration of functions.
-#include <boost/container/static_vector.hpp>
+#include <array>
+#include <utility>
 
 #include "Velto/Diagnostics/VeltoError.h"
 #include "Velto/Interpreter/Function.h"
@@ -9,14 +10,6 @@
 #include "Velto/Value/RecentForms.h"
 
 namespace velto {
-
-namespace {
-
-/// The arguments of nearly every call.
-using FewValues = boost::container::static_vector<
-    Value, 4, boost::container::static_vector_options_t<boost::container::throw_on_overflow<false>>>;
-
-}  // namespace
 
 Value Interpreter::takeReturnValue() {
   if (!jumps_.take(Jumps::Kind::return_)) return Value::nil();
@@ -75,25 +68,55 @@ Value Interpreter::call(const Call& node, const Value& callee) {
   return call(node, *callable);
 }
 
+[[gnu::always_inline]] inline Value Interpreter::evaluateArgument(const Call::Argument& argument, const Label& label) {
+  Value value = evaluate(argument.value);
+  if (label || argument.label) checkLabel(label, argument);
+  return value;
+}
+
 template <typename Callee>
 Value Interpreter::call(const Call& node, const Callee& callee) {
   const std::span<const Label> labels = callee.labels();
   if (labels.size() != node.arguments.size()) failArgumentCount(node, callee);
-  return labels.size() <= FewValues::static_capacity ? call<FewValues>(node, callee, labels)
-                                                     : call<std::vector<Value>>(node, callee, labels);
+  switch (labels.size()) {
+    case 0:
+      return callWith<0>(node, callee, labels);
+    case 1:
+      return callWith<1>(node, callee, labels);
+    case 2:
+      return callWith<2>(node, callee, labels);
+    case 3:
+      return callWith<3>(node, callee, labels);
+    default:
+      return callWithMany(node, callee, labels);
+  }
 }
 
-template <typename Values, typename Callee>
-Value Interpreter::call(const Call& node, const Callee& callee, std::span<const Label> labels) {
-  Values arguments;
-  for (std::size_t index = 0; index < labels.size(); ++index) {
-    const Call::Argument& argument = node.arguments[index];
-    arguments.push_back(evaluate(argument.value));
-    if (labels[index] || argument.label) checkLabel(labels[index], argument);
+/// The arguments of nearly every call stand on the stack.
+template <std::size_t count, typename Callee>
+Value Interpreter::callWith(const Call& node, const Callee& callee, std::span<const Label> labels) {
+  return [&]<std::size_t... index>(std::index_sequence<index...>) {
+    const std::array<Value, count> arguments{evaluateArgument(node.arguments[index], labels[index])...};
+    return callWith(node, callee, std::span<const Value>(arguments));
   }
+  (std::make_index_sequence<count>());
+}
+
+template <typename Callee>
+Value Interpreter::callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels) {
+  std::vector<Value> arguments;
+  arguments.reserve(labels.size());
+  for (std::size_t index = 0; index < labels.size(); ++index) {
+    arguments.push_back(evaluateArgument(node.arguments[index], labels[index]));
+  }
+  return callWith(node, callee, std::span<const Value>(arguments));
+}
+
+template <typename Callee>
+Value Interpreter::callWith(const Call& node, const Callee& callee, std::span<const Value> arguments) {
   const auto reportError = [&](const String& message) { fail(node.paren.range, message); };
   try {
-    return callee.call(*this, std::span<const Value>(arguments.data(), arguments.size()), reportError);
+    return callee.call(*this, arguments, reportError);
   } catch (const VeltoError&) {
     // One line for each call on the way out, innermost first: the language's stack trace.
     logger_->report(Message::Level::info, String::concatenation({callee.describe(arguments), " called here"}),

@@ -6,7 +6,7 @@
 #include "Velto/Interpreter/InterpreterInline.h"
 #include "Velto/Platform/Character.h"
 #include "Velto/Value/Array.h"
-#include "Velto/Value/Dictionary.h"
+#include "Velto/Value/DictionaryInline.h"
 #include "Velto/Value/IntegerRange.h"
 
 namespace velto {

@@ -18,9 +18,14 @@ class BufferedHandle final : public FileHandle {
     if (OutputBuffer::ofThreadHoldsBytesFor(*target_)) flushPendingOutputAnyway();
   }
 
-  void write(std::string_view bytes) override { OutputBuffer::ofThread().write(target_, bytes); }
+  void write(std::string_view bytes) override {
+    if (!OutputBuffer::writeOn(*target_, bytes)) writeFirst(bytes);
+  }
 
  private:
+  /// Stands apart, so that the usual way has nothing to save.
+  [[gnu::noinline]] void writeFirst(std::string_view bytes) { OutputBuffer::ofThread().write(target_, bytes); }
+
   std::shared_ptr<FileHandle> target_;
 };
 

@@ -23,11 +23,18 @@ class OutputBuffer final : public PendingOutput {
   ~OutputBuffer() override;
 
   void write(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
-    if (target_ == target && bytes.size() <= capacity - size_) {
+    if (hasRoomFor(*target, bytes)) {
       append(bytes);
     } else {
       writeElsewhere(target, bytes);
     }
+  }
+  /// Writes the bytes if this thread has just written to `target`, and has room for them; else false.
+  static bool writeOn(const FileHandle& target, std::string_view bytes) noexcept {
+    OutputBuffer* const buffer = ofThread_;
+    const bool hasRoom = buffer && buffer->hasRoomFor(target, bytes);
+    if (hasRoom) buffer->append(bytes);
+    return hasRoom;
   }
   void flush() override;
 
@@ -38,6 +45,9 @@ class OutputBuffer final : public PendingOutput {
   class Owner;
 
   [[gnu::cold, gnu::noinline]] static OutputBuffer& makeOfThread();
+  bool hasRoomFor(const FileHandle& target, std::string_view bytes) const noexcept {
+    return target_.get() == &target && bytes.size() <= capacity - size_;
+  }
   /// Copies last, so that nothing has to be kept meanwhile.
   void append(std::string_view bytes) noexcept {
     char* const end = bytes_.get() + size_;

@@ -59,12 +59,6 @@ const Value* Dictionary::findText(const String& key) const {
   return keys_ ? valueAt(keys_->findText(key)) : nullptr;
 }
 
-const Value* Dictionary::findTextAt(std::size_t place, const String& key) const noexcept {
-  if (place >= size()) return nullptr;
-  const String* const text = (*keys_)[place].string();
-  return text && text->isSameAs(key) ? &values_[place] : nullptr;
-}
-
 std::optional<Dictionary::Entry> Dictionary::counterpart(const Dictionary& other, std::size_t index) const {
   if (!keys_) return std::nullopt;
   const bool isOneText = keys_ == other.keys_ && (*keys_)[index].string();

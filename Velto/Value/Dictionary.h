@@ -55,7 +55,7 @@ class Dictionary final : public Mapping {
   /// The same for a text, with a look at first for this very one: most texts are written in the program, and texts of
   /// one pool are the same in memory.
   const Value* findText(const String& key) const;
-  /// The value at `place` if this very text is the key there. A look, and no search.
+  /// The value at `place` if this very text is the key there. A look, and no search; defined in DictionaryInline.h.
   const Value* findTextAt(std::size_t place, const String& key) const noexcept;
   /// Where a value lies that has been found here.
   std::size_t placeOf(const Value& found) const noexcept { return static_cast<std::size_t>(&found - values_.data()); }
