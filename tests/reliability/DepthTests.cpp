@@ -19,7 +19,7 @@ using testing::IsEmpty;
 /// How deep things are: too deep for the larger of the two stacks. More takes longer and may be asked for.
 const int depth = [] {
   const char* const wish = std::getenv("VELTO_DEPTH");
-  return wish ? std::atoi(wish) : 100'000;
+  return wish ? std::atoi(wish) : isSanitized ? 30'000 : 100'000;
 }();
 
 std::string repeated(std::string_view piece, int count = depth) {
@@ -100,8 +100,8 @@ TEST_P(DeepChain, ExhaustsTheStackWhenItIsEvaluated) {
     host.run(program);
     EXPECT_EQ(host.step, VeltoError::Step::interpret);
     EXPECT_EQ(host.output(), "before");
-    // Where the resolver comes to the end of the stack too, it lets the program run.
-    ASSERT_GE(host.logger->messages.size(), 1u);
+    // The resolver may come to the end of the stack before, and lets the program run.
+    ASSERT_FALSE(host.logger->messages.empty());
     for (const Message& message : host.logger->messages) {
       if (message.level != Message::Level::error) continue;
       EXPECT_EQ(message.message, "Stack exhausted.");
