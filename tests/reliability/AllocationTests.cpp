@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,8 +13,6 @@
 
 namespace velto::test {
 namespace {
-
-constexpr std::size_t never = std::numeric_limits<std::size_t>::max();
 
 /// What has come of a run in which the allocation `number` failed; nothing if the run had no such allocation.
 std::optional<Outcome> runFailing(Place& place, const std::string& program, std::size_t number, Failing failing) {

@@ -58,6 +58,7 @@ class DeepSource : public testing::TestWithParam<Source> {};
 TEST_P(DeepSource, IsASyntaxErrorAtTheTokenThatIsTooDeep) {
   const auto& [name, open, middle, close] = GetParam();
   const std::string program = repeated(open) + middle + repeated(close);
+  const Int width = static_cast<Int>(open.size());
   onBothStacks([&] {
     TestHost host;
     host.run(program);
@@ -66,8 +67,8 @@ TEST_P(DeepSource, IsASyntaxErrorAtTheTokenThatIsTooDeep) {
     const Message& message = host.logger->messages.front();
     EXPECT_EQ(message.message, "Nesting is too deep.");
     EXPECT_EQ(message.range().startLine, 1);
-    EXPECT_GT(message.range().startColumn, static_cast<Int>((isSanitized ? 10 : 100) * open.size()));
-    EXPECT_LE(message.range().startColumn, static_cast<Int>(depth * open.size()));
+    EXPECT_GT(message.range().startColumn, (isSanitized ? 10 : 100) * width);
+    EXPECT_LE(message.range().startColumn, depth * width);
     EXPECT_EQ(host.output(), "");
     expectToGoOn(host);
   });
