@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Velto/Diagnostics/Logger.h"
+#include "Velto/Interpreter/CharacterFinder.h"
 #include "Velto/Interpreter/Environment.h"
 #include "Velto/Interpreter/Jumps.h"
 #include "Velto/Interpreter/Locals.h"
@@ -230,6 +231,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   std::vector<Ref<Environment>> stack_;
   std::optional<Value> lastResult_;  // of the expression visit that has just ended
   Jumps jumps_;
+  CharacterFinder characters_;
   std::unique_ptr<RecentForms> recentForms_;
   String printed_;     // the last text that was made to be printed, whose memory can serve the next one
   Value returnValue_;  // of the `return` that is travelling, `nil` at all other times

@@ -4,7 +4,6 @@
 #include "Velto/Interpreter/IntegerConversion.h"
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
-#include "Velto/Platform/Character.h"
 #include "Velto/Value/Array.h"
 #include "Velto/Value/DictionaryInline.h"
 #include "Velto/Value/IntegerRange.h"
@@ -85,50 +84,18 @@ Value Interpreter::element(const Subscript& node, const Dictionary& dictionary) 
   return value ? *value : Value::nil();
 }
 
-namespace {
-
-/// The same as `characters`, for any text.
-std::optional<String> charactersByBoundaries(const String& text, std::size_t first, std::size_t last) {
-  const Characters all(text);
-  Characters::Iterator character = all.begin();
-  std::size_t start = 0;
-  for (std::size_t position = 0; position < last; ++position, ++character) {
-    if (character == all.end()) return std::nullopt;
-    if (position == first) start = character.offset();
-  }
-  return first == last ? String() : text.slice(start, character.offset() - start);
-}
-
-/// Whether each of the first `count` bytes is a character by itself, whatever follows.
-bool areBytesCharacters(const String& text, std::size_t count) {
-  return text.isASCII() && text.view().substr(0, count).find('\r') == std::string_view::npos;
-}
-
-/// The characters from `lower` up to but not including `upper`; nothing if the text hasn't got them all.
-std::optional<String> characters(const String& text, Int lower, Int upper) {
-  if (lower < 0) return std::nullopt;
-  const auto first = static_cast<std::size_t>(lower);
-  const auto last = static_cast<std::size_t>(upper);
-  if (areBytesCharacters(text, last)) {
-    if (last > text.size()) return std::nullopt;
-    return text.slice(first, last - first);
-  }
-  return charactersByBoundaries(text, first, last);
-}
-
-}  // namespace
-
 Value Interpreter::element(const Subscript& node, const String& string) {
   const Value value = evaluate(node.index);
   std::optional<String> result;
   if (const double* number = value.number()) {
     const Int index = integer(*number);
-    if (index < std::numeric_limits<Int>::max()) result = characters(string, index, index + 1);
+    if (index < std::numeric_limits<Int>::max()) result = characters_.slice(string, index, index + 1);
     if (!result) fail(node.bracket.range, "Index out of bounds.");
   } else if (const CountableClosedRange* closed = value.closedRange()) {
-    if (closed->upper < std::numeric_limits<Int>::max()) result = characters(string, closed->lower, closed->upper + 1);
+    if (closed->upper < std::numeric_limits<Int>::max())
+      result = characters_.slice(string, closed->lower, closed->upper + 1);
   } else if (const CountableRange* open = value.openRange()) {
-    result = characters(string, open->lower, open->upper);
+    result = characters_.slice(string, open->lower, open->upper);
   } else {
     fail(node.bracket.range, "String subscripts can only be numbers or ranges.");
   }

@@ -56,7 +56,12 @@ void String::Block::append(std::string_view piece) noexcept {
 void String::Block::clear() noexcept {
   size = 0;
   isASCII = true;
+  forgetFindings();
+}
+
+void String::Block::forgetFindings() noexcept {
   hash.store(0, std::memory_order_relaxed);
+  grain.store(Grain::unknown, std::memory_order_relaxed);
 }
 
 String::String(std::string_view text)
@@ -88,7 +93,7 @@ String String::appending(std::string_view piece) && {
   Block* const own = ownBlock();
   if (own && own->hasRoomFor(piece)) {
     own->append(piece);
-    own->hash.store(0, std::memory_order_relaxed);
+    own->forgetFindings();
     return std::move(*this);
   }
   const std::size_t newSize = size() + piece.size();
@@ -114,7 +119,22 @@ String::Block* String::ownBlock() const noexcept {
   return isOwn ? const_cast<Block*>(static_cast<const Block*>(storage_.get())) : nullptr;
 }
 
+/// Of two ASCII characters, only CR LF are one.
+bool String::areBytesCharacters() const noexcept {
+  return !storage_ || storage_->findGrain() == Grain::bytes;
+}
+
+String::Grain String::Storage::findGrain() const noexcept {
+  const Grain known = grain.load(std::memory_order_relaxed);
+  if (known != Grain::unknown) return known;
+  const bool areBytes = isASCII && std::string_view(text, size).find('\r') == std::string_view::npos;
+  const Grain found = areBytes ? Grain::bytes : Grain::characters;
+  grain.store(found, std::memory_order_relaxed);
+  return found;
+}
+
 Int String::characterCount() const noexcept {
+  if (areBytesCharacters()) return static_cast<Int>(size());
   return velto::characterCount(view());
 }
 

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <initializer_list>
 #include <iosfwd>
@@ -21,14 +22,20 @@ class String {
   friend class StringBuilder;
   friend class Value;
 
+  /// Whether each byte is a character by itself.
+  enum class Grain : std::uint8_t { unknown, bytes, characters };
+
   struct Storage : Counted {
     Storage(const char* text, std::size_t size, bool isASCII, bool isBlock) noexcept
         : isASCII(isASCII), isBlock(isBlock), text(text), size(size) {}
     /// It holds nothing deep: at most the text that it is a slice of, which is no slice.
     void dispose() const noexcept override { delete this; }
 
+    Grain findGrain() const noexcept;
+
     bool isASCII;
     bool isBlock;
+    mutable std::atomic<Grain> grain = Grain::unknown;
     const char* text;
     std::size_t size;
     mutable std::atomic<std::size_t> hash = 0;  // 0 until it is asked for
@@ -44,6 +51,7 @@ class String {
     bool hasRoomFor(std::string_view piece) const noexcept { return piece.size() <= capacity - size; }
     void append(std::string_view piece) noexcept;
     void clear() noexcept;
+    void forgetFindings() noexcept;
     char* bytes() noexcept { return reinterpret_cast<char*>(this + 1); }
 
     std::size_t capacity;
@@ -93,6 +101,8 @@ class String {
   /// Becomes `text`, which must be well-formed; in place, if nobody else holds this one and there is room.
   void rewrite(std::string_view text);
 
+  /// Whether each byte is a character by itself, which is looked for once.
+  bool areBytesCharacters() const noexcept;
   Int characterCount() const noexcept;
   Int utf16Length() const noexcept;
   std::size_t hash() const {
