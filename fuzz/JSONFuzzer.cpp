@@ -16,16 +16,12 @@ std::string descriptionOf(const std::optional<Value>& value) {
   return value ? describeValue(*value) : "invalid";
 }
 
-bool isFreeOfIllFormedText(std::string_view description) {
-  return String::isWellFormed(description);
-}
-
 /// The pool that has the keys of one document gives nothing else to the next.
 void checkDocument(const std::string& document) {
   const std::optional<Value> value = parseJSON(document);
   const std::string description = descriptionOf(value);
   requireEqual(description, describeDocument(document).value_or("invalid"), "A document is read as it is written.");
-  require(isFreeOfIllFormedText(description), "Texts are well-formed.");
+  require(String::isWellFormed(description), "Texts are well-formed.");
   require(!value || Value::verify(*value), "A document becomes a value of the language.");
   TextPool texts;
   requireEqual(description, descriptionOf(parseJSON(document, texts)), "The pool of texts changes nothing.");

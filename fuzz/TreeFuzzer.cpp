@@ -42,6 +42,13 @@ Parsed parse(const std::vector<Token>& tokens, std::string_view source) {
   return result;
 }
 
+/// Nothing but the end of the tokens stops a parse: with one more there is something to report at. Behind an `end` no
+/// rule asks for anything.
+void checkStop(std::vector<Token> tokens, std::string_view source) {
+  tokens.emplace_back(TokenType::end, "end", tokens.back().range);
+  require(!parse(tokens, source).isStopped, "Only the end of the tokens stops a parse.");
+}
+
 /// No two nodes have one identity, not even those of two parses.
 class Identities final : public TreeWalk {
  protected:
@@ -83,7 +90,7 @@ void check(const String& source, Scanner::Mode mode) {
   const auto tokens = scanned.tokens ? unpack(*scanned.tokens, source) : std::nullopt;
   if (!tokens) return;
   const Parsed parsed = parse(*tokens, source);
-  if (parsed.isStopped) return;
+  if (parsed.isStopped) return checkStop(*tokens, source);
   checkRanges(parsed.statements, SourceMap(source));
   checkTwice(parsed, parse(*tokens, source));
   if (parsed.isSound()) checkWrittenAgain(parsed.statements);
