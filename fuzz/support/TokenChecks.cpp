@@ -75,7 +75,8 @@ bool areOfOneStep(const Token& first, const Token& second) {
 /// Text and tags stand close together, and so do "-" and the "%>" behind it.
 bool mayBeApart(const Token& left, const Token& right) {
   const auto isText = [](const Token& token) { return token.type == TokenType::verbatim; };
-  return !isText(left) && !isText(right) && left.type != TokenType::skipWhitespaceMarker;
+  const bool isClosing = left.type == TokenType::skipWhitespaceMarker && right.type == TokenType::tagClose;
+  return !isText(left) && !isText(right) && !isClosing;
 }
 
 /// Of the tokens of one step the last has the whole text. A line feed joins no character.
