@@ -78,7 +78,7 @@ inline Value Interpreter::valueOf(const Return& node) {
   const Value* value = nullptr;
   if (const Local* const local = locals.findAtOnce(node.id)) {
     value = current().findInPlace(node.name.lexeme, *local);
-  } else if (!locals.mayHave(node.id)) {
+  } else if (locals.isAbsentAtOnce(node.id)) {
     value = current().findAtOnce(node.name.lexeme, node.place.get());
   }
   return value && !value->isUninitialized() ? value : nullptr;

@@ -32,8 +32,11 @@ class Locals {
     const Slot& second = slots_[(id.hash() + 1) & mask_];
     return second.id == id ? &second.local : nullptr;
   }
-  /// False if the expression isn't resolved, which mostly shows at once.
-  [[gnu::always_inline]] bool mayHave(const Uuid& id) const noexcept { return !slots_[id.hash() & mask_].id.isNil(); }
+  /// True where it shows at once that the expression isn't resolved, as it nearly always does.
+  [[gnu::always_inline]] bool isAbsentAtOnce(const Uuid& id) const noexcept {
+    const Slot& first = slots_[id.hash() & mask_];
+    return first.id.isNil() || (first.id != id && slots_[(id.hash() + 1) & mask_].id.isNil());
+  }
   void set(const Uuid& id, Int depth);
 
   bool isEmpty() const noexcept { return size_ == 0; }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace velto {
 namespace {
 
@@ -17,6 +19,29 @@ TEST(Locals, KeepsTheLastDepthOfEachExpression) {
   EXPECT_EQ(locals.find(ids[3])->depth, 42);
   EXPECT_EQ(locals.find(ids[999])->depth, 999);
   EXPECT_EQ(locals.find(Uuid()), nullptr);
+}
+
+TEST(Locals, SaysAtOnceNothingButWhatTheSearchFinds) {
+  Locals locals;
+  const std::vector<Uuid> resolved(3'000);
+  const std::vector<Uuid> others(3'000);
+  for (const Uuid& id : resolved) locals.set(id, 1);
+  std::size_t foundAtOnce = 0;
+  for (const Uuid& id : resolved) {
+    ASSERT_FALSE(locals.isAbsentAtOnce(id));
+    const Local* const local = locals.findAtOnce(id);
+    if (local) {
+      ASSERT_EQ(local, locals.find(id));
+    }
+    foundAtOnce += local ? 1 : 0;
+  }
+  EXPECT_GT(foundAtOnce, resolved.size() / 2);
+  std::size_t absentAtOnce = 0;
+  for (const Uuid& id : others) {
+    ASSERT_EQ(locals.findAtOnce(id), nullptr);
+    absentAtOnce += locals.isAbsentAtOnce(id) ? 1 : 0;
+  }
+  EXPECT_GT(absentAtOnce, others.size() / 2);
 }
 
 }  // namespace
