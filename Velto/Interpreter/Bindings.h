@@ -36,9 +36,11 @@ class Bindings {
   bool mayHave(std::size_t hash) const noexcept { return (filter_ & filterBit(hash)) != 0; }
   /// The value at `place` if this very name stands there. A look, and no search.
   [[gnu::always_inline]] const Value* findAt(std::uint32_t place, const String& name) const noexcept {
-    const Binding* const binding = bindings_.data() + place;
-    const bool isThere = binding < bindings_.data() + bindings_.size() && binding->name.isSameAs(name);
-    return isThere ? &binding->value : nullptr;
+    // As numbers, since there needn't be any memory for the place to lie in.
+    const auto address = reinterpret_cast<std::uintptr_t>(bindings_.data()) + place * sizeof(Binding);
+    if (address >= reinterpret_cast<std::uintptr_t>(bindings_.data() + bindings_.size())) return nullptr;
+    const auto* const binding = reinterpret_cast<const Binding*>(address);
+    return binding->name.isSameAs(name) ? &binding->value : nullptr;
   }
   Value* findAt(std::uint32_t place, const String& name) noexcept {
     return const_cast<Value*>(std::as_const(*this).findAt(place, name));

@@ -67,5 +67,13 @@ TEST(Bindings, AreWholeWhileTheyAreCleared) {
   EXPECT_EQ(names.find("late"), nullptr);
 }
 
+TEST(Bindings, HaveNothingAtAPlaceBehindTheirEnd) {
+  Bindings names;
+  EXPECT_EQ(names.findAt(7, "a"), nullptr);
+  names.set("a", 1);
+  EXPECT_EQ(names.findAt(7, "a"), nullptr);
+  EXPECT_EQ(names.findAt(0xFFFF'FFFF, "a"), nullptr);
+}
+
 }  // namespace
 }  // namespace velto
