@@ -178,8 +178,9 @@ std::string checkRun(const Files& files) {
   if (makesUUIDs(files)) return first.end;
   const Outcome second = runProcessor(files);
   if (first.isCutShort() || second.isCutShort()) return first.end;
+  // How often the stack is asked for depends on where the identities of nodes fall in a table.
+  if (first.isOutOfSteps() || second.isOutOfSteps()) return first.end;
   requireEqual(first.description(), second.description(), "Two runs leave the same behind.");
-  if (first.isOutOfSteps()) return first.end;
   const Outcome third = runInterpreter(files, Nodes::host);
   if (third.isCutShort() || third.isOutOfSteps()) return first.end;
   requireEqual(first.description(), third.description(), "A run of the host's nodes leaves the same behind.");
