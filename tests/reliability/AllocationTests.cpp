@@ -9,7 +9,7 @@
 #include "tests/reliability/FailingAllocator.h"
 #include "tests/reliability/Place.h"
 #include "tests/reliability/Sanitizers.h"
-#include "tests/reliability/StackThread.h"
+#include "tests/support/StackThread.h"
 
 namespace velto::test {
 namespace {

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "tests/reliability/Sanitizers.h"
-#include "tests/reliability/StackThread.h"
+#include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
 
 namespace velto::test {

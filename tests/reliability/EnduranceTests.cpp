@@ -23,7 +23,7 @@
 #include "Velto/Velto.h"
 #include "tests/reliability/FailingAllocator.h"
 #include "tests/reliability/Place.h"
-#include "tests/reliability/StackThread.h"
+#include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
 
 namespace velto::test {

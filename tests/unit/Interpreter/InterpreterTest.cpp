@@ -3,18 +3,18 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <pthread.h>
 
-#include <functional>
 #include <new>
 
 #include "Velto/Interpreter/IntegerConversion.h"
 #include "tests/support/BareFileSystem.h"
+#include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
 
 namespace velto {
 namespace {
 
+using test::onStack;
 using test::TestHost;
 using testing::ElementsAre;
 
@@ -300,21 +300,6 @@ TEST_F(InterpreterTest, GoesOnBehindAFileInWhichAFunctionCallsItself) {
   FileSystem::flush();
   EXPECT_EQ(host.output(), "1");
   EXPECT_EQ(host.logger->messages.at(0).message, "Stack exhausted.");
-}
-
-/// Runs `work` on a thread whose stack is `size` bytes.
-void onStack(std::size_t size, const std::function<void()>& work) {
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, size);
-  pthread_t thread;
-  const auto run = [](void* argument) -> void* {
-    (*static_cast<const std::function<void()>*>(argument))();
-    return nullptr;
-  };
-  ASSERT_EQ(pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&work)), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
 }
 
 TEST_F(InterpreterTest, IsGoodForTheThreadThatRuns) {
