@@ -180,11 +180,6 @@ class WeakRef {
     return pointer && pointer->isAlive() ? pointer : nullptr;
   }
 
-  void observeInstead(T* pointer) noexcept {
-    if (pointer) pointer->observe();
-    if (T* const before = std::exchange(pointer_, pointer)) before->unobserve();
-  }
-
  private:
   T* pointer_ = nullptr;
 };
