@@ -5,7 +5,6 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <random>
 #include <span>
 
 #include "Velto/Platform/Random.h"
@@ -14,22 +13,30 @@ namespace velto {
 
 namespace {
 
-using Engine = std::mt19937_64;
+/// Two sequences that start at random places, so that neither repeats itself and no other process follows both. Each
+/// node of a tree draws an identity, so the system is asked for a seed and not for every one of them.
+struct Sequences {
+  std::array<std::uint64_t, 2> states{};
+  bool areSeeded = false;
+};
 
-Engine seededEngine() {
-  std::array<std::uint32_t, 8> seeds;
-  fillRandom(std::as_writable_bytes(std::span(seeds)));
-  std::seed_seq sequence(seeds.begin(), seeds.end());
-  return Engine(sequence);
-}
+thread_local constinit Sequences sequencesOfThread;
 
-/// Each node of a tree draws an identity, so the system is asked for a seed and not for every one of them.
-Engine& engineOfThisThread() {
-  thread_local Engine engine = seededEngine();
+void seed(Sequences& sequences) {
   // A forked child must not repeat what its parent draws. It has one thread, the one that this runs on.
   [[maybe_unused]] static const int registered =
-      ::pthread_atfork(nullptr, nullptr, [] { engineOfThisThread() = seededEngine(); });
-  return engine;
+      ::pthread_atfork(nullptr, nullptr, [] { sequencesOfThread.areSeeded = false; });
+  fillRandom(std::as_writable_bytes(std::span(sequences.states)));
+  sequences.areSeeded = true;
+}
+
+/// The next of SplitMix64: steps by the golden ratio, scrambled so that each bit depends on all bits of the state.
+std::uint64_t next(std::uint64_t& state) noexcept {
+  state += 0x9E37'79B9'7F4A'7C15;
+  std::uint64_t bits = state;
+  bits = (bits ^ bits >> 30) * 0xBF58'476D'1CE4'E5B9;
+  bits = (bits ^ bits >> 27) * 0x94D0'49BB'1331'11EB;
+  return bits ^ bits >> 31;
 }
 
 }  // namespace
@@ -37,9 +44,10 @@ Engine& engineOfThisThread() {
 Uuid::Uuid() {
   constexpr std::uint64_t versionBits = 0xF000;
   constexpr std::uint64_t variantBits = std::uint64_t{3} << 62;
-  Engine& engine = engineOfThisThread();
-  halves_[0] = (engine() & ~versionBits) | 0x4000;
-  halves_[1] = (engine() & ~variantBits) | std::uint64_t{2} << 62;
+  Sequences& sequences = sequencesOfThread;
+  if (!sequences.areSeeded) seed(sequences);
+  halves_[0] = (next(sequences.states[0]) & ~versionBits) | 0x4000;
+  halves_[1] = (next(sequences.states[1]) & ~variantBits) | std::uint64_t{2} << 62;
 }
 
 String Uuid::description() const {
