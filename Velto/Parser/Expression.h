@@ -8,6 +8,7 @@
 
 #include "Velto/Parser/NodeId.h"
 #include "Velto/Parser/NodeKind.h"
+#include "Velto/Parser/NodeMemory.h"
 #include "Velto/Parser/PlaceHint.h"
 #include "Velto/Platform/Ref.h"
 #include "Velto/Scanner/Token.h"
@@ -60,12 +61,16 @@ class Expression {
     virtual const Range& range() const noexcept = 0;
     virtual void accept(ExpressionVisitor& visitor) const = 0;
 
+    static void* operator new(std::size_t size) { return NodeMemory::allocate(size); }
+    static void operator delete(void* memory) noexcept { NodeMemory::release(memory); }
+
     const ExpressionKinds::Kind kind;
   };
 
   template <typename Record>
   struct Box final : Node {
-    explicit Box(Record record) : Node(ExpressionKinds::of<Record>), record(std::move(record)) {}
+    static_assert(alignof(Record) <= alignof(void*));  // the memory of nodes gives no more
+    explicit Box(Record&& record) : Node(ExpressionKinds::of<Record>), record(std::move(record)) {}
     const Uuid& id() const noexcept override { return record.id; }
     const Range& range() const noexcept override { return record.range; }
     void accept(ExpressionVisitor& visitor) const override { record.accept(visitor); }

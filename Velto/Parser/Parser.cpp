@@ -20,6 +20,7 @@ Parser::Parser(std::vector<Token> tokens, std::shared_ptr<Logger> logger)
 }
 
 Statements Parser::parse() {
+  const NodeMemory::Grove grove;
   stack_ = StackGuard();  // for the thread that parses, whichever made the parser
   return body({});
 }
@@ -63,10 +64,9 @@ void Parser::synchronize() {
            !isAt({TokenType::verbatim, TokenType::for_, TokenType::if_, TokenType::return_, TokenType::while_}));
 }
 
-/// Stands where the recursion passes. Even a `return`, which drops the error of its value, must not make a program that
-/// could not be read whole look sound.
-void Parser::guardDepth() {
-  if (!stack_.isExhausted()) return;
+/// Even a `return`, which drops the error of its value, must not make a program that could not be read whole look
+/// sound.
+void Parser::failTooDeep() {
   hadError_ = true;
   fail(place(), "Nesting is too deep.");
 }

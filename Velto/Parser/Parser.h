@@ -47,11 +47,27 @@ class Parser {
     ++tokens_.index;
     return true;
   }
+  /// Behind the end a type that no token has.
+  TokenType currentType() const noexcept {
+    const Token* token = tokens_.current();
+    return token ? token->type : TokenType::noop;
+  }
+  /// There must be a token.
+  const Token& advance() noexcept {
+    const Token* token = tokens_.current();
+    ++tokens_.index;
+    return *token;
+  }
   void matchSemicolon() { match({TokenType::semicolon}); }
   const Token& previous() const noexcept { return *tokens_.previous(); }
   const Token& consume(TokenType type, std::string_view message);
   void synchronize();
-  void guardDepth();
+  /// Stands where the recursion passes.
+  void guardDepth() {
+    if (stack_.isExhausted()) [[unlikely]]
+      failTooDeep();
+  }
+  void failTooDeep();
   Range place() const;
   [[noreturn]] void failAtCurrent(std::string_view message);
   [[noreturn]] void fail(const Range& range, String message);
@@ -63,6 +79,7 @@ class Parser {
   FunctionParameter parameter();
   Statement variableDeclaration(const Token& keyword);
   Statement statement();
+  Statement verbatim(const Token& text);
   Statement breakStatement(const Token& keyword);
   Statement continueStatement(const Token& keyword);
   Statement includeStatement(const Token& keyword);
@@ -102,6 +119,7 @@ class Parser {
   Expression subscript(const Expression& subscriptee, const Token& bracket);
   Expression member(const Expression& object, const Token& dot);
   Expression primary();
+  Expression variable(const Token& name);
   Expression grouping(const Token& paren);
 
   // ParserLiterals.cpp: constants, strings, arrays and dictionaries

@@ -108,14 +108,18 @@ Expression Parser::finishUnary(const Token& operator_, const Expression& right) 
 Expression Parser::call() {
   Expression value = primary();
   while (true) {
-    if (match({TokenType::leftParen})) {
-      value = finishCall(value, previous());
-    } else if (match({TokenType::leftSquareBracket})) {
-      value = subscript(value, previous());
-    } else if (match({TokenType::dot})) {
-      value = member(value, previous());
-    } else {
-      return value;
+    switch (currentType()) {
+      case TokenType::leftParen:
+        value = finishCall(value, advance());
+        break;
+      case TokenType::leftSquareBracket:
+        value = subscript(value, advance());
+        break;
+      case TokenType::dot:
+        value = member(value, advance());
+        break;
+      default:
+        return value;
     }
   }
 }
@@ -158,15 +162,30 @@ Expression Parser::member(const Expression& object, const Token& dot) {
 }
 
 Expression Parser::primary() {
-  if (match({TokenType::false_})) return Literal{.range = previous().range, .value = false};
-  if (match({TokenType::true_})) return Literal{.range = previous().range, .value = true};
-  if (match({TokenType::nil})) return Literal{.range = previous().range, .value = Value::nil()};
-  if (match({TokenType::string})) return stringLiteral(previous());
-  if (match({TokenType::number})) return numberLiteral(previous());
-  if (match({TokenType::leftParen})) return grouping(previous());
-  if (match({TokenType::leftSquareBracket})) return collectionLiteral(previous());
-  if (match({TokenType::identifier})) return Variable{.range = previous().range, .name = previous()};
-  failAtCurrent("Expected expression.");
+  switch (currentType()) {
+    case TokenType::false_:
+      return Literal{.range = advance().range, .value = false};
+    case TokenType::true_:
+      return Literal{.range = advance().range, .value = true};
+    case TokenType::nil:
+      return Literal{.range = advance().range, .value = Value::nil()};
+    case TokenType::string:
+      return stringLiteral(advance());
+    case TokenType::number:
+      return numberLiteral(advance());
+    case TokenType::leftParen:
+      return grouping(advance());
+    case TokenType::leftSquareBracket:
+      return collectionLiteral(advance());
+    case TokenType::identifier:
+      return variable(advance());
+    default:
+      failAtCurrent("Expected expression.");
+  }
+}
+
+Expression Parser::variable(const Token& name) {
+  return Variable{.range = name.range, .name = name};
 }
 
 Expression Parser::grouping(const Token& paren) {

@@ -65,17 +65,34 @@ Statement Parser::variableDeclaration(const Token& keyword) {
 }
 
 Statement Parser::statement() {
-  if (match({TokenType::verbatim})) return Verbatim{previous().range, previous().lexeme};
-  if (match({TokenType::break_})) return breakStatement(previous());
-  if (match({TokenType::continue_})) return continueStatement(previous());
-  if (match({TokenType::include})) return includeStatement(previous());
-  if (match({TokenType::return_})) return returnStatement(previous());
-  if (match({TokenType::expressionMarker})) return expressionBlock(previous());
-  if (match({TokenType::if_})) return ifStatement(previous());
-  if (match({TokenType::for_})) return forStatement(previous());
-  if (match({TokenType::while_})) return whileStatement(previous());
-  if (match({TokenType::switch_})) return switchStatement(previous());
-  return expressionStatement();
+  switch (currentType()) {
+    case TokenType::verbatim:
+      return verbatim(advance());
+    case TokenType::break_:
+      return breakStatement(advance());
+    case TokenType::continue_:
+      return continueStatement(advance());
+    case TokenType::include:
+      return includeStatement(advance());
+    case TokenType::return_:
+      return returnStatement(advance());
+    case TokenType::expressionMarker:
+      return expressionBlock(advance());
+    case TokenType::if_:
+      return ifStatement(advance());
+    case TokenType::for_:
+      return forStatement(advance());
+    case TokenType::while_:
+      return whileStatement(advance());
+    case TokenType::switch_:
+      return switchStatement(advance());
+    default:
+      return expressionStatement();
+  }
+}
+
+Statement Parser::verbatim(const Token& text) {
+  return Verbatim{text.range, text.lexeme};
 }
 
 Statement Parser::breakStatement(const Token& keyword) {

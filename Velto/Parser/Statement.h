@@ -54,12 +54,16 @@ class Statement {
     virtual Range range() const = 0;
     virtual void accept(StatementVisitor& visitor) const = 0;
 
+    static void* operator new(std::size_t size) { return NodeMemory::allocate(size); }
+    static void operator delete(void* memory) noexcept { NodeMemory::release(memory); }
+
     const StatementKinds::Kind kind;
   };
 
   template <typename Record>
   struct Box final : Node {
-    explicit Box(Record record) : Node(StatementKinds::of<Record>), record(std::move(record)) {}
+    static_assert(alignof(Record) <= alignof(void*));  // the memory of nodes gives no more
+    explicit Box(Record&& record) : Node(StatementKinds::of<Record>), record(std::move(record)) {}
     Range range() const override {
       if constexpr (requires { record.range(); }) {
         return record.range();

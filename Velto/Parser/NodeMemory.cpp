@@ -1,0 +1,92 @@
+#include "Velto/Parser/NodeMemory.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "Velto/Platform/Ref.h"
+
+namespace velto {
+
+/// Held by each node in it, and by the grove that fills it.
+class NodeMemory::Piece {
+ public:
+  /// Trees of many nodes get larger and larger pieces, so that small ones waste little.
+  static Piece* withRoomFor(std::size_t least, const Piece* before) {
+    const std::size_t usual = before ? std::min(2 * before->size(), largest) : smallest;
+    const std::size_t size = std::max(usual, sizeof(Piece) + least);
+    void* const memory = ::operator new(size);
+    return ::new (memory) Piece(size);
+  }
+
+  bool hasRoomFor(std::size_t size) const noexcept { return size <= static_cast<std::size_t>(end_ - next_); }
+  void* take(std::size_t size) noexcept {
+    holders_.increment();
+    return std::exchange(next_, next_ + size);
+  }
+  void release() noexcept {
+    if (holders_.decrement()) ::operator delete(this);
+  }
+
+ private:
+#if defined(__SANITIZE_ADDRESS__)
+  static constexpr std::size_t smallest = 0;  // a node each, so that the sanitizer sees what reaches over its end
+  static constexpr std::size_t largest = 0;
+#else
+  static constexpr std::size_t smallest = 512;
+  static constexpr std::size_t largest = 8192;
+#endif
+
+  explicit Piece(std::size_t size) noexcept
+      : next_(reinterpret_cast<char*>(this + 1)), end_(reinterpret_cast<char*>(this) + size) {
+  }
+
+  std::size_t size() const noexcept {
+    return static_cast<std::size_t>(end_ - reinterpret_cast<const char*>(this));
+  }
+
+  HolderCount holders_{1};
+  char* next_;
+  char* const end_;
+};
+
+namespace {
+
+thread_local NodeMemory::Grove* groveOfThread = nullptr;
+
+}  // namespace
+
+NodeMemory::Grove::Grove() noexcept : outer_(std::exchange(groveOfThread, this)) {
+}
+
+NodeMemory::Grove::~Grove() {
+  groveOfThread = outer_;
+  if (piece_) piece_->release();
+}
+
+NodeMemory::Piece& NodeMemory::Grove::pieceWithRoomFor(std::size_t size) {
+  if (piece_ && piece_->hasRoomFor(size)) return *piece_;
+  Piece* const next = Piece::withRoomFor(size, piece_);
+  if (piece_) piece_->release();
+  piece_ = next;
+  return *piece_;
+}
+
+/// Before each node stands its piece, or null where it stands alone.
+void* NodeMemory::allocate(std::size_t size) {
+  const std::size_t whole = (size + sizeof(Piece*) - 1) / sizeof(Piece*) * sizeof(Piece*) + sizeof(Piece*);
+  Piece* const piece = groveOfThread ? &groveOfThread->pieceWithRoomFor(whole) : nullptr;
+  void* const memory = piece ? piece->take(whole) : ::operator new(whole);
+  return ::new (memory) Piece*(piece) + 1;
+}
+
+void NodeMemory::release(void* memory) noexcept {
+  Piece** const place = static_cast<Piece**>(memory) - 1;
+  if (*place) {
+    (*place)->release();
+  } else {
+    ::operator delete(place);
+  }
+}
+
+}  // namespace velto
