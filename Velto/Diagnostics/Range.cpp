@@ -1,21 +1,12 @@
 // Positions in source files, and stretches between them.
 #include "Velto/Diagnostics/Range.h"
 
-#include <utility>
-
 #include "Velto/Platform/Fatal.h"
 
 namespace velto {
 
 String Cursor::description() const {
   return String::concatenation({file, ":", decimal(line), ":", decimal(column)});
-}
-
-Range::Range(String file, Int startLine, Int startColumn, Int endLine, Int endColumn) noexcept
-    : file(std::move(file)), startLine(startLine), startColumn(startColumn), endLine(endLine), endColumn(endColumn) {
-}
-
-Range::Range(String file, Int line, Int column) noexcept : Range(std::move(file), line, column, line, column) {
 }
 
 Range::Range(const Cursor& start, const Cursor& end)
@@ -29,7 +20,8 @@ String Range::description() const {
 }
 
 Range spanning(const Range& first, const Range& last) {
-  return Range(first.start(), last.end());
+  if (!first.file.isSameAs(last.file)) return Range(first.start(), last.end());
+  return Range(first.file, first.startLine, first.startColumn, last.endLine, last.endColumn);
 }
 
 }  // namespace velto

@@ -1,6 +1,8 @@
 // Positions in source files, and stretches between them.
 #pragma once
 
+#include <utility>
+
 #include "Velto/Platform/String.h"
 
 namespace [[gnu::visibility("default")]] velto {
@@ -25,9 +27,10 @@ struct Range {
   Int endLine;
   Int endColumn;
 
-  Range(String file, Int startLine, Int startColumn, Int endLine, Int endColumn) noexcept;
+  Range(String file, Int startLine, Int startColumn, Int endLine, Int endColumn) noexcept
+      : file(std::move(file)), startLine(startLine), startColumn(startColumn), endLine(endLine), endColumn(endColumn) {}
   /// A stretch of no length.
-  Range(String file, Int line, Int column) noexcept;
+  Range(String file, Int line, Int column) noexcept : Range(std::move(file), line, column, line, column) {}
   /// Both positions must be in one file; anything else is a fatal stop.
   Range(const Cursor& start, const Cursor& end);
 

@@ -53,17 +53,23 @@ bool canExist(const Url& url) {
   return url.path().view().find('\0') == std::string_view::npos;
 }
 
+void prepareReading(const Url& url) {
+  FileSystem::flush();
+  if (!canExist(url)) failReading(std::errc::no_such_file_or_directory);
+}
+
 }  // namespace
 
 String FileSystem::readText(const Url& url) {
-  const std::string bytes = readBytes(url);
-  if (!String::isWellFormed(bytes)) failReading(std::errc::illegal_byte_sequence);
-  return String::fromWellFormed(bytes);
+  prepareReading(url);
+  StringBuilder bytes;
+  doReadInto(url, bytes);
+  if (!String::isWellFormed(bytes.view())) failReading(std::errc::illegal_byte_sequence);
+  return std::move(bytes).build();
 }
 
 std::string FileSystem::readBytes(const Url& url) {
-  flush();
-  if (!canExist(url)) failReading(std::errc::no_such_file_or_directory);
+  prepareReading(url);
   return doRead(url);
 }
 
@@ -98,6 +104,10 @@ bool FileSystem::isDirectory(const Url& url) {
 
 Url FileSystem::currentDirectory() {
   return doCurrentDirectory();
+}
+
+void FileSystem::doReadInto(const Url& url, StringBuilder& bytes) {
+  bytes.append(doRead(url));
 }
 
 void FileSystem::flush() {

@@ -58,6 +58,8 @@ class FileSystem {
   // What a file system of one's own implements. Nothing is waiting when these are called, no path has a NUL, and the
   // handles that they give need no buffer.
   virtual std::string doRead(const Url& url) = 0;  ///< throws `FileError`
+  /// The same bytes, appended to what is to become a text; for file systems that can do it without a copy.
+  virtual void doReadInto(const Url& url, StringBuilder& bytes);
   virtual std::shared_ptr<FileHandle> doCreate(const Url& url) = 0;
   virtual std::shared_ptr<FileHandle> doDescriptor(int number) = 0;  ///< null where nothing can be written to it
   virtual bool doCreateDirectory(const Url& url) = 0;

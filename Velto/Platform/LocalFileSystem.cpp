@@ -99,24 +99,37 @@ std::size_t expectedSize(int number) {
   return ::fstat(number, &status) == 0 ? static_cast<std::size_t>(status.st_size) + forAppending : 0;
 }
 
+/// How many bytes of the file have come.
+std::size_t readSome(int number, char* place, std::size_t size) {
+  while (true) {
+    const ssize_t count = ::read(number, place, size);
+    if (count >= 0) return static_cast<std::size_t>(count);
+    if (errno != EINTR) failReading(lastError());
+  }
+}
+
+constexpr std::size_t smallestPiece = 4096;
+
 /// By way of pieces: a string fills its memory before anything can be read into it.
 std::string readToEnd(int number) {
-  constexpr std::size_t smallest = 4096;
-  constexpr std::size_t largest = 64 * 1024;
+  constexpr std::size_t largestPiece = 64 * 1024;
   const std::size_t expected = expectedSize(number);
-  const std::size_t size = std::clamp(expected, smallest, largest);
+  const std::size_t size = std::clamp(expected, smallestPiece, largestPiece);
   const auto piece = std::make_unique_for_overwrite<char[]>(size);
   std::string bytes;
   bytes.reserve(expected);
-  for (;;) {
-    const ssize_t count = ::read(number, piece.get(), size);
-    if (count == 0) return bytes;
-    if (count > 0) {
-      bytes.append(piece.get(), static_cast<std::size_t>(count));
-    } else if (errno != EINTR) {
-      failReading(lastError());
-    }
-  }
+  while (const std::size_t count = readSome(number, piece.get(), size)) bytes.append(piece.get(), count);
+  return bytes;
+}
+
+void readToEnd(int number, StringBuilder& bytes) {
+  bytes.reserve(expectedSize(number));
+  std::size_t sizeBefore;
+  do {
+    if (bytes.room() == 0) bytes.reserve(smallestPiece);
+    sizeBefore = bytes.view().size();
+    bytes.appendWritten(bytes.room(), [&](char* end) { return end + readSome(number, end, bytes.room()); });
+  } while (bytes.view().size() > sizeBefore);
 }
 
 bool copyItem(const files::path& source, const files::path& destination);
@@ -195,6 +208,12 @@ class LocalFileSystem final : public FileSystem {
     const OpenFile file(url, O_RDONLY);
     if (!file.isOpen()) failReading(lastError());
     return readToEnd(file.number());
+  }
+
+  void doReadInto(const Url& url, StringBuilder& bytes) override {
+    const OpenFile file(url, O_RDONLY);
+    if (!file.isOpen()) failReading(lastError());
+    readToEnd(file.number(), bytes);
   }
 
   std::shared_ptr<FileHandle> doCreate(const Url& url) override {

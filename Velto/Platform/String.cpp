@@ -82,10 +82,14 @@ bool String::isWellFormed(std::string_view text) noexcept {
 
 String String::slice(std::size_t offset, std::size_t length) const {
   if (length == size()) return *this;
+  return slice(offset, length, isASCII() || utf8::isASCII(view().substr(offset, length)));
+}
+
+String String::slice(std::size_t offset, std::size_t length, bool isASCII) const {
+  if (length == size()) return *this;
   if (length == 0) return String();
-  const std::string_view part = view().substr(offset, length);
-  const Ref<const Storage> whole = storage_->isBlock ? storage_ : static_cast<const Slice&>(*storage_).whole;
-  return String(makeRef<const Slice>(part, isASCII() || utf8::isASCII(part), whole));
+  const Ref<const Storage>& whole = storage_->isBlock ? storage_ : static_cast<const Slice&>(*storage_).whole;
+  return String(makeRef<const Slice>(view().substr(offset, length), isASCII, whole));
 }
 
 String String::appending(std::string_view piece) && {
@@ -174,7 +178,7 @@ String StringBuilder::build() && {
   const bool isFilled = block_ && size_ >= capacity_ / 2;
   if (!isFilled) return String::fromWellFormed(view());
   block_->size = size_;
-  block_->isASCII = utf8::isASCII(view());
+  block_->isASCII = utf8::asciiPrefixLength(view()) == size_;
   size_ = 0;
   capacity_ = few;
   bytes_ = fewBytes_;

@@ -94,6 +94,8 @@ class String {
 
   /// The bytes from `offset` on, `length` of them, sharing the storage; both ends must be scalar boundaries.
   String slice(std::size_t offset, std::size_t length) const;
+  /// The same where it is known whether these bytes are ASCII.
+  String slice(std::size_t offset, std::size_t length, bool isASCII) const;
 
   /// The text with `piece`, which must be well-formed, behind it. Where nobody else holds the text it grows in place,
   /// with room for more of the same, so that a long text can be made of many pieces without being copied for each.
@@ -172,6 +174,8 @@ class StringBuilder {
     size_ = static_cast<std::size_t>(write(bytes_ + size_) - bytes_);
     return *this;
   }
+  /// How many bytes can be appended where the text stands.
+  std::size_t room() const noexcept { return capacity_ - size_; }
   /// Makes room for `bytes` more.
   void reserve(std::size_t bytes) {
     if (bytes > capacity_ - size_) grow(bytes);

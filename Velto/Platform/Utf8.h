@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "Velto/Platform/ByteBlock.h"
+
 namespace velto::utf8 {
 
 constexpr bool isASCII(char byte) noexcept {
@@ -19,15 +21,14 @@ constexpr bool isContinuation(char byte) noexcept {
 
 /// How many bytes at the start are ASCII.
 inline std::size_t asciiPrefixLength(std::string_view text) noexcept {
-  constexpr std::uint64_t highBits = 0x8080'8080'8080'8080;
   std::size_t length = 0;
-  for (std::uint64_t words[4]; length + sizeof words <= text.size(); length += sizeof words) {
-    std::memcpy(words, text.data() + length, sizeof words);
-    if ((words[0] | words[1] | words[2] | words[3]) & highBits) break;
+  for (ByteBlock bytes; length + 4 * sizeof bytes <= text.size(); length += 4 * sizeof bytes) {
+    const char* const place = text.data() + length;
+    bytes = blockAt(place) | blockAt(place + 16) | blockAt(place + 32) | blockAt(place + 48);
+    if (hasHighBit(bytes)) break;
   }
-  for (std::uint64_t word; length + sizeof word <= text.size(); length += sizeof word) {
-    std::memcpy(&word, text.data() + length, sizeof word);
-    if (word & highBits) break;
+  while (length + sizeof(ByteBlock) <= text.size() && !hasHighBit(blockAt(text.data() + length))) {
+    length += sizeof(ByteBlock);
   }
   while (length < text.size() && isASCII(text[length])) ++length;
   return length;
@@ -46,6 +47,8 @@ inline bool isShortASCII(std::string_view text) noexcept {
 }
 
 inline bool isASCII(std::string_view text) noexcept {
+  constexpr std::size_t few = 64;
+  if (text.size() > few) return asciiPrefixLength(text) == text.size();
   constexpr std::uint64_t highBits = 0x8080'8080'8080'8080;
   std::uint64_t word = 0;
   if (text.size() < sizeof word) return isShortASCII(text);

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "Velto/Platform/Utf8.h"
+
 namespace velto {
 
 std::optional<Character> ScannableString::current() const noexcept {
@@ -24,7 +26,7 @@ std::optional<Character> ScannableString::previous() const {
   return string.view().substr(before, end - before);
 }
 
-Character ScannableString::advance() {
+Character ScannableString::advanceByRules() {
   if (isAtEnd()) fatalError("A cursor can't move beyond the end of its text.");
   const Character character = characterAt(index);
   if (character.text() == "\n") {
@@ -35,6 +37,21 @@ Character ScannableString::advance() {
   }
   index += character.text().size();
   return character;
+}
+
+void ScannableString::skipBlanks() noexcept {
+  const std::string_view text = string;
+  for (; index < text.size(); ++index) {
+    const bool isAlone = index + 1 == text.size() || utf8::isASCII(text[index + 1]);
+    if (text[index] == '\n') {
+      ++line;
+      column = 1;
+    } else if ((text[index] == ' ' || text[index] == '\t') && isAlone) {
+      ++column;
+    } else {
+      return;
+    }
+  }
 }
 
 bool ScannableString::matchString(std::string_view text) {

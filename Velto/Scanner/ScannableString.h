@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -40,18 +41,47 @@ class ScannableString : public Scannable<ScannableString, Character> {
   String substring() const { return isAtEnd() ? String() : string.slice(index, string.size() - index); }
 
   /// Moves over one character and gives it; "\n" starts a new line. At the end it is a fatal stop.
-  Character advance();
+  Character advance() { return isAtPlain() ? advanceByByte() : advanceByRules(); }
 
   /// Moves over characters of one byte for which `isWanted` holds, up to one that may be of more, and gives them. It
   /// must hold for ASCII without line ends at most.
   template <typename IsWanted>
   std::string_view skipPlain(const IsWanted& isWanted) noexcept;
+  /// Moves over blanks, tabs and line feeds, up to one that may be of more than a byte.
+  void skipBlanks() noexcept;
+
+  /// Whether the rest begins with these characters, which must be visible ones of ASCII without a second spelling in
+  /// Unicode (as ";" and "K" have).
+  // In line, so that the few bytes are compared without a call.
+  [[gnu::always_inline]] bool isAtASCII(std::string_view text) const noexcept {
+    const std::string_view whole = string;
+    const std::size_t end = index + text.size();
+    return end <= whole.size() && std::memcmp(whole.data() + index, text.data(), text.size()) == 0 &&
+           nextBoundary(whole, end - 1) == end;
+  }
+  /// Moves over them if it does.
+  [[gnu::always_inline]] bool matchASCII(std::string_view text) noexcept {
+    if (!isAtASCII(text)) return false;
+    index += text.size();
+    column += static_cast<Int>(text.size());
+    return true;
+  }
 
   /// Moves over `text` if the rest begins with its characters. The line stays, whatever `text` holds.
   bool matchString(std::string_view text);
   bool peekMatchString(std::string_view text) const;
 
  private:
+  /// Whether the current character is of ASCII and visible or a blank, with nothing behind it that could join.
+  bool isAtPlain() const noexcept {
+    const std::string_view text = string;
+    return index + 1 < text.size() && text[index] >= ' ' && static_cast<signed char>(text[index + 1]) >= 0;
+  }
+  Character advanceByByte() noexcept {
+    ++column;
+    return string.view().substr(index++, 1);
+  }
+  Character advanceByRules();
   Character characterAt(std::size_t position) const noexcept;
   /// Behind the characters of `text`, if the rest begins with them and there is a rest.
   std::optional<std::size_t> endOfPrefix(std::string_view text) const;

@@ -19,21 +19,20 @@ Cursor Scanner::cursor() const {
   return {file_, source_.line, source_.column};
 }
 
-Range Scanner::range() const {
-  return {file_, startLine_, startColumn_, source_.line, source_.column};
-}
-
 std::vector<Token> Scanner::scanTokens() {
-  while (!source_.isAtEnd()) {
-    start_ = source_.index;
-    startLine_ = source_.line;
-    startColumn_ = source_.column;
+  constexpr std::size_t bytesOfText = 32;  // a token has at least so many where text prevails
+  tokens_.reserve(source_.string.size() / bytesOfText + 1);
+  while (true) {
+    if (isScanningCode_) source_.skipBlanks();
+    if (source_.isAtEnd()) return std::move(tokens_);
     scanStep();
   }
-  return std::move(tokens_);
 }
 
 void Scanner::scanStep() {
+  start_ = source_.index;
+  step_.startLine = source_.line;
+  step_.startColumn = source_.column;
   if (isScanningCode_) {
     scanCode();
   } else {
@@ -43,33 +42,27 @@ void Scanner::scanStep() {
 
 /// Text directly before a tag is a token even when it is empty, and the tag stays for the next step.
 void Scanner::scanText() {
-  skipTemplateText(source_);
-  addToken(TokenType::verbatim);
+  const bool isASCII = skipTemplateText(source_);
+  tokens_.emplace_back(TokenType::verbatim, source_.string.slice(start_, source_.index - start_, isASCII), stepRange());
   isScanningCode_ = true;
 }
 
 void Scanner::scanTagOpening() {
   addToken(TokenType::tagOpen);
-  if (source_.match(Character("="))) {
+  if (source_.matchASCII("=")) {
     addToken(TokenType::expressionMarker);
-  } else if (source_.match(Character("#"))) {
+  } else if (source_.matchASCII("#")) {
     scanTagComment();
   }
 }
 
 void Scanner::scanTagComment() {
-  while (!isAtTagClosing()) {
+  while (!source_.isAtASCII("%>")) {
     if (source_.isAtEnd()) fail(range(), "Unterminated comment.");
     source_.advance();
   }
-  source_.matchString("%>");
+  source_.matchASCII("%>");
   closeTag();
-}
-
-/// Most characters are told by their text alone: no other scalar is equivalent to "%".
-bool Scanner::isAtTagClosing() const {
-  const std::optional<Character> character = source_.current();
-  return character && character->text() == "%" && source_.peekMatchString("%>");
 }
 
 void Scanner::closeTag() {
@@ -77,23 +70,33 @@ void Scanner::closeTag() {
   isScanningCode_ = false;
 }
 
-/// All tokens of a step begin where the step began.
+const Range& Scanner::stepRange() noexcept {
+  step_.endLine = source_.line;
+  step_.endColumn = source_.column;
+  return step_;
+}
+
+/// All tokens of a step begin where the step began. No type is added by a step that is as long as the usual lexeme of
+/// the type and yet another one.
 void Scanner::addToken(TokenType type) {
-  tokens_.emplace_back(type, stepLexeme(type), range());
+  const String& usual = usualLexeme(type);
+  tokens_.emplace_back(type, source_.index - start_ == usual.size() ? usual : stepLexeme(), stepRange());
 }
 
 void Scanner::addToken(TokenType type, Value literal) {
-  tokens_.emplace_back(type, stepLexeme(type), std::move(literal), range());
+  tokens_.emplace_back(type, stepLexeme(), std::move(literal), stepRange());
+}
+
+void Scanner::addToken(const Word& word) {
+  tokens_.emplace_back(word.type, word.lexeme, word.literal, stepRange());
 }
 
 std::string_view Scanner::stepText() const noexcept {
   return source_.string.view().substr(start_, source_.index - start_);
 }
 
-String Scanner::stepLexeme(TokenType type) const {
-  const String& usual = usualLexeme(type);
-  const std::string_view text = stepText();
-  return text == usual.view() ? usual : source_.string.slice(start_, text.size());
+String Scanner::stepLexeme() const {
+  return source_.string.slice(start_, source_.index - start_);
 }
 
 void Scanner::fail(const Range& range, String message) {

@@ -37,15 +37,17 @@ class Scanner {
   /// Where the scanner stands.
   Cursor cursor() const;
   /// From where the current step began to where the scanner stands.
-  Range range() const;
+  Range range() const { return {file_, step_.startLine, step_.startColumn, source_.line, source_.column}; }
 
   /// All tokens. The first error is reported and ends the scan with `VeltoError`, step `scan`.
   std::vector<Token> scanTokens();
 
  private:
+  /// A word or a short string literal.
   struct Word {
-    TokenType type;
-    String lexeme;
+    TokenType type{};
+    String lexeme;  // empty until the word has been looked up
+    std::optional<Value> literal;
   };
 
   // Scanner.cpp: the frame, text and tags
@@ -53,13 +55,13 @@ class Scanner {
   void scanText();
   void scanTagOpening();
   void scanTagComment();
-  bool isAtTagClosing() const;
   void closeTag();
+  const Range& stepRange() noexcept;
   void addToken(TokenType type);
   void addToken(TokenType type, Value literal);
-  void addPiece(StringBuilder& piece);
+  void addToken(const Word& word);
   std::string_view stepText() const noexcept;
-  String stepLexeme(TokenType type) const;
+  String stepLexeme() const;
   [[noreturn]] void fail(const Range& range, String message);
 
   // ScannerCode.cpp: operators, numbers, words and comments
@@ -77,10 +79,14 @@ class Scanner {
   void scanNumber();
   void scanDigits();
   void scanWord();
+  Word& word() { return words_[stepText()]; }
+  static Word wordOf(const String& text);
   [[noreturn]] void failUnexpected(Character character);
 
   // ScannerStrings.cpp: string literals and interpolation
   void scanString();
+  void scanPiece(std::string_view begin);
+  void addKey(std::string_view key);
   void openInterpolation();
   void closeString();
   std::string_view escape();
@@ -93,8 +99,7 @@ class Scanner {
   std::vector<Token> tokens_;
   std::unordered_map<std::string_view, Word> words_;  // seen so far, so that each is looked up once
   std::size_t start_ = 0;                             // the current step began here
-  Int startLine_ = 1;
-  Int startColumn_ = 1;
+  Range step_{file_, 1, 1};                           // the end is set when it is asked for
   bool isScanningCode_;
   Int parenLevel_ = 0;
   std::optional<Cursor> stringStart_;                 // behind the opening quote of the literal in progress

@@ -103,9 +103,9 @@ void Scanner::scanRightParen() {
 }
 
 void Scanner::scanDot() {
-  if (source_.matchString("..")) {
+  if (source_.matchASCII("..")) {
     addToken(TokenType::closedRange);
-  } else if (source_.matchString(".<")) {
+  } else if (source_.matchASCII(".<")) {
     addToken(TokenType::openRange);
   } else {
     addToken(TokenType::dot);
@@ -114,13 +114,13 @@ void Scanner::scanDot() {
 
 /// Directly behind "<%", blanks aside, and directly before "%>" it is a marker of the tag.
 void Scanner::scanMinus() {
-  const bool isMarker = mode_ == Mode::template_ && ((!tokens_.empty() && tokens_.back().type == TokenType::tagOpen) ||
-                                                     source_.peekMatchString("%>"));
+  const bool isMarker = mode_ == Mode::template_ &&
+                        ((!tokens_.empty() && tokens_.back().type == TokenType::tagOpen) || source_.isAtASCII("%>"));
   addToken(isMarker ? TokenType::skipWhitespaceMarker : TokenType::minus);
 }
 
 void Scanner::scanSlash() {
-  if (source_.match(Character("/"))) {
+  if (source_.matchASCII("/")) {
     scanLineComment();
   } else {
     addToken(TokenType::slash);
@@ -128,7 +128,7 @@ void Scanner::scanSlash() {
 }
 
 void Scanner::scanLess() {
-  if (mode_ == Mode::template_ && source_.match(Character("%"))) {
+  if (mode_ == Mode::template_ && source_.matchASCII("%")) {
     scanTagOpening();
   } else {
     scanWithEqual(TokenType::lessEqual, TokenType::less);
@@ -136,24 +136,24 @@ void Scanner::scanLess() {
 }
 
 void Scanner::scanPercent(Character character) {
-  if (mode_ == Mode::program || !source_.match(Character(">"))) failUnexpected(character);
+  if (mode_ == Mode::program || !source_.matchASCII(">")) failUnexpected(character);
   closeTag();
 }
 
 void Scanner::scanDoubled(Character character, TokenType type) {
-  if (!source_.match(character)) failUnexpected(character);
+  if (!source_.matchASCII(character.text())) failUnexpected(character);
   addToken(type);
 }
 
 void Scanner::scanWithEqual(TokenType with, TokenType without) {
-  addToken(source_.match(Character("=")) ? with : without);
+  addToken(source_.matchASCII("=") ? with : without);
 }
 
 /// The character directly behind "//" belongs to the comment unseen, be it a line end or the "%" of "%>".
 void Scanner::scanLineComment() {
   source_.advance();
   while (const std::optional<Character> character = source_.current()) {
-    if (character->text() == "\n" || isAtTagClosing()) return;
+    if (character->text() == "\n" || source_.isAtASCII("%>")) return;
     source_.advance();
   }
 }
@@ -161,7 +161,7 @@ void Scanner::scanLineComment() {
 /// A dot belongs to the number only if a digit follows, so "1...3" is a range.
 void Scanner::scanNumber() {
   scanDigits();
-  if (source_.peekMatch(Character("."))) {
+  if (source_.isAtASCII(".")) {
     const std::optional<Character> next = source_.next();
     if (next && next->isDigit()) {
       source_.advance();
@@ -174,6 +174,7 @@ void Scanner::scanNumber() {
 }
 
 void Scanner::scanDigits() {
+  source_.skipPlain([](char byte) { return '0' <= byte && byte <= '9'; });
   while (source_.match([](Character character) { return character.isDigit(); })) {
   }
 }
@@ -182,14 +183,15 @@ void Scanner::scanWord() {
   source_.skipPlain(isPlainInWord);
   while (source_.match([](Character character) { return character.isValidIdentifierContinuation(); })) {
   }
-  const auto [entry, isNew] = words_.try_emplace(stepText(), Word{TokenType::identifier, String()});
-  Word& word = entry->second;
-  if (isNew) {
-    word.lexeme = texts_->shared(stepText());
-    const auto keyword = keywords().find(word.lexeme);
-    if (keyword != keywords().end()) word = {keyword->second, keyword->first};
-  }
-  tokens_.emplace_back(word.type, word.lexeme, range());
+  Word& word = this->word();
+  if (word.lexeme.isEmpty()) word = wordOf(texts_->shared(stepText()));
+  addToken(word);
+}
+
+Scanner::Word Scanner::wordOf(const String& text) {
+  const auto keyword = keywords().find(text);
+  if (keyword == keywords().end()) return {TokenType::identifier, text, std::nullopt};
+  return {keyword->second, keyword->first, std::nullopt};
 }
 
 void Scanner::failUnexpected(Character character) {

@@ -12,11 +12,27 @@ bool isOrdinary(char byte) noexcept {
 
 }  // namespace
 
-/// One piece of a literal: behind the opening quote, or behind the ")" of an interpolation, up to the closing quote or
-/// the next "\(".
+/// A short literal without anything special in it is a key more often than not, and keys come again and again.
 void Scanner::scanString() {
+  constexpr std::size_t longestKey = 32;
   if (!stringStart_) stringStart_ = cursor();
+  const std::string_view text = source_.skipPlain(isOrdinary);
+  if (text.size() > longestKey || !source_.matchASCII("\"")) return scanPiece(text);
+  addKey(text);
+  closeString();
+}
+
+void Scanner::addKey(std::string_view key) {
+  Word& word = this->word();
+  if (word.lexeme.isEmpty()) word = {TokenType::string, stepLexeme(), Value(texts_->shared(key))};
+  addToken(word);
+}
+
+/// The rest of one piece of a literal: behind the opening quote, or behind the ")" of an interpolation, up to the
+/// closing quote or the next "\(".
+void Scanner::scanPiece(std::string_view begin) {
   StringBuilder piece;
+  piece.append(begin);
   while (true) {
     piece.append(source_.skipPlain(isOrdinary));
     const std::optional<Character> character = source_.current();
@@ -24,24 +40,17 @@ void Scanner::scanString() {
     const std::string_view text = character->text();
     if (text == "\"") {
       source_.advance();
-      addPiece(piece);
+      addToken(TokenType::string, std::move(piece).build());
       return closeString();
     }
-    if (text == "\\" && source_.matchString("\\(")) {
-      addPiece(piece);
+    if (text == "\\" && source_.matchASCII("\\(")) {
+      addToken(TokenType::string, std::move(piece).build());
       return openInterpolation();
     }
     piece.append(text == "\\" ? escape() : text);
     source_.advance();
   }
   fail(Range(*stringStart_, cursor()), "Unterminated string.");
-}
-
-/// A short literal is a key more often than not.
-void Scanner::addPiece(StringBuilder& piece) {
-  constexpr std::size_t longestKey = 32;
-  const bool canBeKey = piece.view().size() <= longestKey;
-  addToken(TokenType::string, canBeKey ? texts_->shared(piece.view()) : piece.build());
 }
 
 /// The expression is scanned as any code; the ")" that brings the level back continues the literal.

@@ -2,9 +2,9 @@
 #include "Velto/Scanner/TemplateText.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
 
+#include "Velto/Platform/ByteBlock.h"
 #include "Velto/Platform/Utf8.h"
 
 namespace velto {
@@ -12,7 +12,7 @@ namespace velto {
 namespace {
 
 /// How far a step looks ahead, so that the way to the next tag is never searched over and over.
-constexpr std::size_t window = 1024;
+constexpr std::size_t window = 4096;
 
 /// The first "<" from `begin` on that "%" follows, or `end`. Texts have fewer "%" than "<".
 std::size_t findTagOpening(std::string_view text, std::size_t begin, std::size_t end) noexcept {
@@ -26,84 +26,86 @@ std::size_t findTagOpening(std::string_view text, std::size_t begin, std::size_t
   return end;
 }
 
-/// The end of the ASCII characters from `begin` on, or `end`.
-std::size_t endOfASCII(const String& string, std::size_t begin, std::size_t end) noexcept {
-  return string.isASCII() ? end : begin + utf8::asciiPrefixLength(string.view().substr(begin, end - begin));
-}
+/// ASCII text at the start of another one.
+struct Lines {
+  std::size_t size = 0;
+  Int lineFeeds = 0;
 
-/// Where the last character before `end` begins, if that may go on behind it.
-std::size_t withoutLastCharacter(std::string_view text, std::size_t begin, std::size_t end) noexcept {
-  if (end > begin) --end;
-  if (end > begin && text[end - 1] == '\r') --end;
-  return end;
-}
+  explicit Lines(std::string_view text) noexcept {
+    skipBlocks<4>(text);
+    skipBlocks<1>(text);
+    for (; size < text.size() && utf8::isASCII(text[size]); ++size) lineFeeds += text[size] == '\n';
+  }
 
-/// Brings the line and the column behind ASCII text that may hold every kind of line end.
-void skipWithCarriageReturns(ScannableString& source, std::string_view text) noexcept {
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    const bool isPair = index > 0 && text[index - 1] == '\r' && text[index] == '\n';
-    if (isPair) continue;
-    if (text[index] == '\n') {
-      ++source.line;
-      source.column = 1;
-    } else {
-      ++source.column;
+ private:
+  /// Goes over pieces of `count` blocks.
+  template <std::size_t count>
+  void skipBlocks(std::string_view text) noexcept {
+    constexpr std::size_t pieceSize = count * sizeof(ByteBlock);
+    for (; size + pieceSize <= text.size(); size += pieceSize) {
+      ByteBlock bytes{};
+      ByteBlock feeds{};
+      for (std::size_t offset = 0; offset < pieceSize; offset += sizeof(ByteBlock)) {
+        const ByteBlock block = blockAt(text.data() + size + offset);
+        bytes |= block;
+        feeds += countEqual(block, '\n');
+      }
+      if (hasHighBit(bytes)) return;
+      lineFeeds += sum(feeds);
     }
   }
-}
+};
 
-/// How many line feeds there are; no more than 255 bytes of a piece, so that many can be counted at a time in a byte
-/// each.
-Int lineFeedCount(std::string_view text) noexcept {
-  constexpr std::size_t piece = 240;
-  Int count = 0;
-  while (!text.empty()) {
-    std::uint8_t countOfPiece = 0;
-    for (const char byte : text.substr(0, piece))
-      countOfPiece = static_cast<std::uint8_t>(countOfPiece + (byte == '\n'));
-    count += countOfPiece;
-    text.remove_prefix(std::min(piece, text.size()));
+/// What stands behind the last line feed, of which there must be one.
+std::string_view lastLine(std::string_view text) noexcept {
+  std::size_t begin = text.size();
+  while (begin >= sizeof(ByteBlock)) {
+    const ByteBlock feeds = countEqual(blockAt(text.data() + begin - sizeof(ByteBlock)), '\n');
+    if (sum(feeds) > 0) break;
+    begin -= sizeof(ByteBlock);
   }
-  return count;
+  while (text[begin - 1] != '\n') --begin;
+  return text.substr(begin);
 }
 
-/// Moves over ASCII text up to `end`. A "\r" and the "\n" behind it are one character, and no line end.
-void skipASCII(ScannableString& source, std::size_t end) noexcept {
-  const std::size_t begin = source.index;
-  const std::string_view text = source.string.view().substr(begin, end - begin);
-  source.index = end;
-  if (text.find('\r') != text.npos) return skipWithCarriageReturns(source, text);
-  const Int lines = lineFeedCount(text);
-  if (lines > 0) source.column = 1;
-  source.line += lines;
-  source.column += static_cast<Int>(lines > 0 ? text.size() - text.rfind('\n') - 1 : text.size());
+/// Whether the character that ends at `end` may go on behind it.
+bool mayGoOn(std::string_view text, std::size_t end) noexcept {
+  return end < text.size() && !utf8::isASCII(text[end]) && text[end - 1] != '\n';
 }
 
-/// Most characters are told by their first byte alone: no other scalar is equivalent to "<".
-bool isAtTagOpening(const ScannableString& source) {
-  return source.string.view()[source.index] == '<' && source.peekMatchString("<%");
+/// Moves over text that holds all line feeds of these lines, and no "\r".
+void skip(ScannableString& source, std::string_view text, Int lineFeeds) noexcept {
+  if (lineFeeds > 0) {
+    source.line += lineFeeds;
+    source.column = 1;
+    text = lastLine(text);
+  }
+  source.column += static_cast<Int>(text.size());
 }
 
 }  // namespace
 
-void skipTemplateText(ScannableString& source) {
-  while (!source.isAtEnd() && !isAtTagOpening(source)) {
-    if (!skipASCIITemplateText(source)) source.advance();
+bool skipTemplateText(ScannableString& source) {
+  bool isASCII = true;
+  while (!source.isAtEnd() && !source.isAtASCII("<%")) {
+    if (!skipASCIITemplateText(source)) isASCII = utf8::isASCII(source.advance().text()) && isASCII;
   }
+  return isASCII;
 }
 
 bool skipASCIITemplateText(ScannableString& source) noexcept {
   const std::string_view text = source.string;
   const std::size_t begin = source.index;
   if (begin >= text.size() || !utf8::isASCII(text[begin])) return false;
-  const std::size_t limit = std::min(text.size(), begin + window);
-  const std::size_t tag = findTagOpening(text, begin, limit);
-  const std::size_t ascii = endOfASCII(source.string, begin, tag);
-  const bool isWhole = ascii == tag && (tag < limit || tag == text.size());
-  const std::size_t end = isWhole ? ascii : withoutLastCharacter(text, begin, ascii);
-  if (end == begin) return false;
-  skipASCII(source, end);
-  return true;
+  const std::size_t tag = findTagOpening(text, begin, std::min(text.size(), begin + window));
+  const std::string_view plain = text.substr(begin, tag - begin);
+  const Lines lines(plain.substr(0, plain.find('\r')));
+  const std::size_t end = begin + lines.size;
+  if (lines.size == 0) return false;
+  const std::size_t size = mayGoOn(text, end) ? lines.size - 1 : lines.size;
+  skip(source, text.substr(begin, size), lines.lineFeeds);
+  source.index = begin + size;
+  return size > 0;
 }
 
 }  // namespace velto

@@ -5,11 +5,12 @@
 
 namespace velto {
 
-/// Moves `source` up to the next "<%", or to the end, exactly as `advance()` would.
-void skipTemplateText(ScannableString& source);
+/// Moves `source` up to the next "<%", or to the end, exactly as `advance()` would, and tells whether all that lies
+/// between is ASCII.
+bool skipTemplateText(ScannableString& source);
 
-/// The fast part of it: moves over ASCII characters that open no tag, at the speed of a search, or gives false where
-/// the next character isn't certainly one.
+/// The fast part of it: moves over ASCII characters up to one that may open a tag, may be of more than one byte, or may
+/// join what follows. Gives false where it doesn't move.
 bool skipASCIITemplateText(ScannableString& source) noexcept;
 
 }  // namespace velto

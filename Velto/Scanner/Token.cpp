@@ -34,6 +34,9 @@ std::unordered_map<String, TokenType> makeKeywords() {
   return keywords;
 }
 
+/// Made as the library is loaded, since every token asks for one.
+const std::array<String, kinds.size()> usualLexemes = makeUsualLexemes();
+
 }  // namespace
 
 std::string_view name(TokenType type) noexcept {
@@ -41,8 +44,7 @@ std::string_view name(TokenType type) noexcept {
 }
 
 const String& usualLexeme(TokenType type) {
-  static const std::array<String, kinds.size()> lexemes = makeUsualLexemes();
-  return lexemes[static_cast<std::size_t>(type)];
+  return usualLexemes[static_cast<std::size_t>(type)];
 }
 
 const std::unordered_map<String, TokenType>& keywords() {

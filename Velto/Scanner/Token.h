@@ -37,10 +37,10 @@ struct Token {
   std::optional<Value> literal;
   Range range;
 
-  Token(TokenType type, String lexeme, std::optional<Value> literal, Range range) noexcept
-      : type(type), lexeme(std::move(lexeme)), literal(std::move(literal)), range(std::move(range)) {}
-  Token(TokenType type, String lexeme, Range range) noexcept
-      : type(type), lexeme(std::move(lexeme)), range(std::move(range)) {}
+  Token(TokenType type, String lexeme, std::optional<Value> literal, const Range& range) noexcept
+      : type(type), lexeme(std::move(lexeme)), literal(std::move(literal)), range(range) {}
+  Token(TokenType type, String lexeme, const Range& range) noexcept
+      : type(type), lexeme(std::move(lexeme)), range(range) {}
 
   /// The name of the type, a blank and the lexeme.
   String description() const;

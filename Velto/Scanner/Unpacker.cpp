@@ -24,10 +24,8 @@ Unpacker::Unpacker(std::vector<Token> tokens, std::shared_ptr<Logger> logger)
 
 /// The tokens that stay move together at the start of the array.
 std::vector<Token> Unpacker::unpack() {
-  while (!tokens_.isAtEnd()) {
-    tokens_.advance();
-    unpackToken(tokens_.elements[static_cast<std::size_t>(tokens_.index) - 1]);
-  }
+  const Int count = static_cast<Int>(tokens_.elements.size());
+  while (tokens_.index < count) unpackToken(tokens_.elements[static_cast<std::size_t>(tokens_.index++)]);
   if (inCode_) fail(tokens_.previous()->range, "Expect closing tag.");
   tokens_.elements.erase(tokens_.elements.begin() + static_cast<std::ptrdiff_t>(count_), tokens_.elements.end());
   return std::move(tokens_.elements);
@@ -52,7 +50,7 @@ void Unpacker::unpackToken(Token& token) {
 void Unpacker::keep(Token& token) {
   Token& place = tokens_.elements[count_++];
   if (&place == &token) return;
-  if (tokens_.isAtEnd()) {
+  if (&token == &tokens_.elements.back()) {
     place = token;
   } else {
     place = std::move(token);

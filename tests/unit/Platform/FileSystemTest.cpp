@@ -303,6 +303,14 @@ TEST_F(LocalFilesTest, ReadsWhatHasNoSizeOfItsOwn) {
   writer.join();
 }
 
+TEST_F(LocalFilesTest, ReadsTextThatHasNoSizeOfItsOwn) {
+  ASSERT_EQ(::mkfifo((root + "/pipe").c_str(), 0600), 0);
+  const std::string content(200'000, 'x');
+  std::thread writer([&] { put("pipe", content); });
+  EXPECT_EQ(files->readText(at("pipe")).view(), content);
+  writer.join();
+}
+
 TEST_F(LocalFilesTest, KeepsBytesAsTheyAre) {
   const std::string content("\xEF\xBB\xBF a\0b\r\n", 9);
   put("a", content);

@@ -155,6 +155,15 @@ TEST(StringSlice, KnowsByItselfWhetherItIsASCII) {
   EXPECT_FALSE(text.slice(6, 2).isASCII());
 }
 
+TEST(StringSlice, TakesWhatIsKnownOfIt) {
+  const String text("plain \u00E9");
+  EXPECT_TRUE(text.slice(0, 5, true).isASCII());
+  EXPECT_EQ(text.slice(0, 5, true), "plain");
+  EXPECT_FALSE(text.slice(6, 2, false).isASCII());
+  EXPECT_TRUE(text.slice(0, 8, false).isSameAs(text));
+  EXPECT_TRUE(text.slice(3, 0, true).isSameAs(String()));
+}
+
 TEST(StringCounts, AreInBytesCharactersAndUtf16Units) {
   const String text("e\u0301\r\n\u4E00\U0001F600");
   EXPECT_EQ(text.size(), 12u);
@@ -302,6 +311,16 @@ TEST(StringBuilder, GrowsAndBeginsAnew) {
   builder.clear();
   EXPECT_TRUE(builder.build().isEmpty());
   EXPECT_EQ(builder.append("again").build().view(), "again");
+}
+
+TEST(StringBuilder, TellsHowMuchCanBeAppendedWhereItStands) {
+  StringBuilder builder;
+  builder.reserve(1000);
+  EXPECT_GE(builder.room(), 1000u);
+  const char* const place = builder.view().data();
+  builder.append(std::string(builder.room(), 'x'));
+  EXPECT_EQ(builder.room(), 0u);
+  EXPECT_EQ(builder.view().data(), place);
 }
 
 TEST(StringBuilder, CollectsPiecesCharactersAndScalars) {

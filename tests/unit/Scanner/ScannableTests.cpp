@@ -164,6 +164,70 @@ TEST(ScannableString, MatchesTextsByCharacters) {
   EXPECT_EQ(currentText(source), "x");
 }
 
+/// Everything that a short way may have to leave to the long one.
+const std::vector<std::string> neighbours{"",  "x",      " ",      "\t",     "\n",     "\r",     "\r\n", "%", ">",
+                                          "=", "\u0301", "\u00E9", "\u200D", "\u0338", "\u4E00", "\x01", "~", "\x7F"};
+
+TEST(ScannableString, MatchesASCIIAsItMatchesTexts) {
+  for (const std::string text : {"%", "=", "%>", "<%", ".."}) {
+    for (const std::string& before : neighbours) {
+      for (const std::string& behind : neighbours) {
+        ScannableString fast(before + text + behind);
+        ScannableString plain = fast;
+        while (!plain.isAtEnd()) {
+          ASSERT_EQ(fast.isAtASCII(text), plain.peekMatchString(text)) << before << text << behind;
+          ASSERT_EQ(fast.matchASCII(text), plain.matchString(text)) << before << text << behind;
+          ASSERT_EQ(fast.index, plain.index);
+          ASSERT_EQ(place(fast), place(plain));
+          if (plain.isAtEnd()) break;
+          fast.advance();
+          plain.advance();
+        }
+        ASSERT_FALSE(fast.isAtASCII(text));
+      }
+    }
+  }
+}
+
+TEST(ScannableString, SkipsBlanksAsItAdvances) {
+  for (const std::string& before : neighbours) {
+    for (const std::string& between : neighbours) {
+      for (const std::string& behind : neighbours) {
+        ScannableString fast(before + between + behind);
+        ScannableString plain = fast;
+        fast.skipBlanks();
+        while (!plain.isAtEnd() && plain.index < fast.index) {
+          const std::string_view text = plain.advance().text();
+          ASSERT_TRUE(text == " " || text == "\t" || text == "\n");
+        }
+        ASSERT_EQ(fast.index, plain.index);
+        ASSERT_EQ(place(fast), place(plain));
+      }
+    }
+  }
+  ScannableString source(" \n\t x");
+  source.skipBlanks();
+  EXPECT_EQ(currentText(source), "x");
+  EXPECT_EQ(place(source), "2:3");
+}
+
+TEST(ScannableString, AdvancesByBytesWhereNothingJoins) {
+  for (const std::string& first : neighbours) {
+    for (const std::string& second : neighbours) {
+      const std::string text = first + second;
+      ScannableString source(text);
+      std::string all;
+      while (!source.isAtEnd()) {
+        ASSERT_EQ(nextBoundaryByRules(text, source.index), nextBoundary(text, source.index));
+        const std::size_t end = nextBoundaryByRules(text, source.index);
+        all += source.advance().text();
+        ASSERT_EQ(source.index, end) << text;
+      }
+      ASSERT_EQ(all, text);
+    }
+  }
+}
+
 TEST(ScannableString, MatchingATextLeavesTheLine) {
   ScannableString source("a\nb");
   EXPECT_TRUE(source.matchString("a\n"));

@@ -66,11 +66,18 @@ TEST(TemplateText, StopsWhereThePlainWayDoesInLongTexts) {
 }
 
 TEST(TemplateText, TakesTheFastWayOverASCII) {
-  ScannableString source("ab\ncd\r\ne<f<%g");
+  ScannableString source("ab\ncde<f<%g");
   EXPECT_TRUE(skipASCIITemplateText(source));
   EXPECT_EQ(source.substring(), "<%g");
   EXPECT_EQ(source.line, 2);
-  EXPECT_EQ(source.column, 7);
+  EXPECT_EQ(source.column, 6);
+  EXPECT_FALSE(skipASCIITemplateText(source));
+}
+
+TEST(TemplateText, LeavesCarriageReturns) {
+  ScannableString source("a\r\nb");
+  EXPECT_TRUE(skipASCIITemplateText(source));
+  EXPECT_EQ(source.substring(), "\r\nb");
   EXPECT_FALSE(skipASCIITemplateText(source));
 }
 
