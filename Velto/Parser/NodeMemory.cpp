@@ -65,11 +65,16 @@ NodeMemory::Grove::~Grove() {
 }
 
 NodeMemory::Piece& NodeMemory::Grove::pieceWithRoomFor(std::size_t size) {
-  if (piece_ && piece_->hasRoomFor(size)) return *piece_;
+  if (!piece_ || !piece_->hasRoomFor(size)) [[unlikely]]
+    beginPiece(size);
+  return *piece_;
+}
+
+/// Stands apart, so that the usual way has few registers to save.
+[[gnu::noinline]] void NodeMemory::Grove::beginPiece(std::size_t size) {
   Piece* const next = Piece::withRoomFor(size, piece_);
   if (piece_) piece_->release();
   piece_ = next;
-  return *piece_;
 }
 
 /// Before each node stands its piece, or null where it stands alone.

@@ -23,6 +23,7 @@ class NodeMemory {
     friend NodeMemory;
 
     Piece& pieceWithRoomFor(std::size_t size);
+    void beginPiece(std::size_t size);
 
     Piece* piece_ = nullptr;  // the one that is being filled
     Grove* outer_;

@@ -80,7 +80,11 @@ const Range& Scanner::stepRange() noexcept {
 /// the type and yet another one.
 void Scanner::addToken(TokenType type) {
   const String& usual = usualLexeme(type);
-  tokens_.emplace_back(type, source_.index - start_ == usual.size() ? usual : stepLexeme(), stepRange());
+  if (stepText().size() == usual.size()) {
+    tokens_.emplace_back(type, usual, stepRange());
+  } else {
+    tokens_.emplace_back(type, stepLexeme(), stepRange());
+  }
 }
 
 void Scanner::addToken(TokenType type, Value literal) {
@@ -92,7 +96,7 @@ void Scanner::addToken(const Word& word) {
 }
 
 std::string_view Scanner::stepText() const noexcept {
-  return source_.string.view().substr(start_, source_.index - start_);
+  return {source_.string.view().data() + start_, source_.index - start_};
 }
 
 String Scanner::stepLexeme() const {
