@@ -42,7 +42,7 @@ namespace velto {
   }
 }
 
-inline void Interpreter::executeList(const Statements& statements) {
+[[gnu::always_inline]] inline void Interpreter::executeList(const Statements& statements) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(statements);
   for (const Statement& statement : statements) {

@@ -157,12 +157,14 @@ class Value {
   Int ownHash() const;
   template <typename T>
   T* as(Tag tag) const noexcept;
-  void takeBits(const Value& other) noexcept;
+  void copyBits(const Value& other) noexcept;
+  void moveBits(const Value& other) noexcept;
   /// What this value is one of the holders of, or null.
   const Counted* held() const noexcept;
 
   Tag tag_;
   union {
+    std::uint64_t bits_;
     bool boolean_;
     double number_;
     String string_;

@@ -17,12 +17,12 @@ inline Value Value::uninitialized() noexcept {
 // All that a value holds is a pointer at most, so that its bits can be taken over as they are.
 
 [[gnu::always_inline]] inline Value::Value(const Value& other) noexcept {
-  takeBits(other);
+  copyBits(other);
   if (const Counted* held = this->held()) held->retain();
 }
 
 [[gnu::always_inline]] inline Value::Value(Value&& other) noexcept {
-  takeBits(other);
+  moveBits(other);
   other.tag_ = Tag::nil;
 }
 
@@ -33,7 +33,7 @@ inline Value Value::uninitialized() noexcept {
 [[gnu::always_inline]] inline Value& Value::operator=(Value&& other) noexcept {
   Value taken(std::move(other));
   const Value before(std::move(*this));  // let go of only after the new value stands
-  takeBits(taken);
+  moveBits(taken);
   taken.tag_ = Tag::nil;
   return *this;
 }
@@ -42,8 +42,15 @@ inline Value Value::uninitialized() noexcept {
   if (const Counted* held = this->held()) held->release();
 }
 
-inline void Value::takeBits(const Value& other) noexcept {
+[[gnu::always_inline]] inline void Value::copyBits(const Value& other) noexcept {
   std::memcpy(static_cast<void*>(this), &other, sizeof(Value));
+}
+
+/// In two pieces, as a number has been written a moment before: where one load spans two stores that are still under
+/// way, a processor waits until they have arrived.
+[[gnu::always_inline]] inline void Value::moveBits(const Value& other) noexcept {
+  tag_ = other.tag_;
+  std::memcpy(&bits_, &other.bits_, sizeof bits_);
 }
 
 inline const Counted* Value::held() const noexcept {
