@@ -116,6 +116,33 @@ TEST_F(InterpreterTest, VisitsGiveTheSameAsTheWayWithoutThem) {
   }
 }
 
+TEST_F(InterpreterTest, ReadsTheNamesOfATupleThatStandsForAnExpression) {
+  interpret("var a = 5 var b = \"x\"");
+  const Range range("main", 1, 1);
+  const auto name = [&](const char* text) { return Token(TokenType::identifier, text, range); };
+  const Expression tuple = Tuple{.range = range, .names = {name("a"), name("b")}};
+  interpreter.interpret({ExpressionBlock{range, tuple}});
+  interpreter.interpret({ExpressionBlock{range, VisitedExpression{.range = range, .original = tuple}}});
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "[5, x][5, x]");
+}
+
+TEST_F(InterpreterTest, EvaluatesAnyExpressionThatIsCalled) {
+  const Range range("main", 1, 1);
+  const auto number = [&](double value) { return Literal{.range = range, .value = value}; };
+  const auto token = [&](TokenType type) { return Token(type, usualLexeme(type), range); };
+  const auto call = [&](Token operator_) {
+    const Binary callee{.range = range, .left = number(1), .operator_ = operator_, .right = number(2)};
+    const Call node{.range = range, .callee = callee, .paren = token(TokenType::leftParen), .arguments = {}};
+    host.logger->messages.clear();
+    interpreter.interpret({ExpressionStatement{node}});
+    return host.messages();
+  };
+  EXPECT_THAT(call(token(TokenType::plus)),
+              ElementsAre("main:1:1...1:1: error: Can only call functions and classes."));
+  EXPECT_THAT(call(token(TokenType::dot)), ElementsAre("main:1:1...1:1: error: Invalid binary operator."));
+}
+
 TEST_F(InterpreterTest, VisitsRunEveryKindOfStatement) {
   const std::string program =
       "var a = 0 while a < 9 a = a + 1 if a == 2 continue end if a == 4 break end print(a) end "

@@ -214,5 +214,19 @@ TEST(Resolver, LosesTheScopeOfAnError) {
   EXPECT_EQ(host.logger->messages.size(), 1u);
 }
 
+TEST(Resolver, PassesACaseByThatStandsInNoSwitch) {
+  const test::TestHost host;
+  Interpreter interpreter(Url("base"), host.logger, host.files);
+  Resolver resolver(interpreter);
+  const Range range("main", 1, 1);
+  const Token name(TokenType::identifier, "a", range);
+  const VariableDeclaration declaration{.range = range, .name = name};
+  const Statements statements{Case{.range = range, .pattern = name, .body = {declaration, declaration}}};
+  resolver.resolve(statements);
+  interpreter.interpret(statements);
+  EXPECT_FALSE(resolver.hadError() || interpreter.hadError);
+  EXPECT_EQ(interpreter.globals().get(String("a")), std::nullopt);
+}
+
 }  // namespace
 }  // namespace velto

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <limits>
 #include <random>
+#include <sstream>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -395,6 +396,12 @@ TEST(StringAppending, IsConcatenation) {
       EXPECT_EQ(appended.hash(), expected.hash());
     }
   }
+}
+
+TEST(String, IsWrittenToAStreamByteByByte) {
+  std::ostringstream stream;
+  stream << String(std::string_view("a\0b", 3)) << String("\u00E9") << String();
+  EXPECT_EQ(stream.str(), std::string("a\0b\u00E9", 5));
 }
 
 TEST(StringAppending, GrowsInPlaceWhatNobodyElseHolds) {

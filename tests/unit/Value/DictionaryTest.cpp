@@ -24,6 +24,19 @@ TEST(Dictionary, AReplacedValueKeepsTheFirstKeyAndItsPlace) {
   EXPECT_EQ(dictionary.objectDescription(), String("[e\u0301: 3, b: 2]"));
 }
 
+TEST(Dictionary, IsMovedWithAllThatItHas) {
+  Dictionary dictionary;
+  dictionary.set(1, "one");
+  dictionary.reserve(1000);
+  dictionary.set(2, "two");
+  Dictionary other;
+  other.set("gone", 3);
+  other = std::move(dictionary);
+  EXPECT_EQ(other.objectDescription(), String("[1: one, 2: two]"));
+  EXPECT_EQ(*other.find(2), Value("two"));
+  EXPECT_EQ(other.find("gone"), nullptr);
+}
+
 TEST(Dictionary, TextsAreFoundWhereverTheyStandInMemory) {
   for (const int size : {1, 8, 9, 16, 17, 100}) {
     Dictionary dictionary;
