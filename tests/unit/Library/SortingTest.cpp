@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <numeric>
 #include <random>
@@ -111,6 +112,45 @@ TEST(Sorting, TheNumberOfQuestionsStaysWithinTheOrderOfCountTimesLogarithm) {
     });
     EXPECT_LT(questions, 4 * count * 15);
   }
+}
+
+/// Says of two elements as late as possible which comes first, and then that it is the one that was compared last, most
+/// likely a pivot. What it has said stays true, and each division splits off next to nothing.
+class Adversary {
+ public:
+  explicit Adversary(std::size_t count) : places_(count, undecided) {}
+
+  bool isBefore(int left, int right) {
+    ++questions;
+    int& leftPlace = places_[static_cast<std::size_t>(left)];
+    int& rightPlace = places_[static_cast<std::size_t>(right)];
+    if (leftPlace == undecided && rightPlace == undecided) (left == suspect_ ? leftPlace : rightPlace) = next_++;
+    if (leftPlace == undecided) suspect_ = left;
+    if (rightPlace == undecided) suspect_ = right;
+    return leftPlace < rightPlace;
+  }
+
+  std::size_t questions = 0;
+
+ private:
+  static constexpr int undecided = std::numeric_limits<int>::max();
+
+  std::vector<int> places_;
+  int next_ = 0;
+  int suspect_ = -1;
+};
+
+TEST(Sorting, NoOrderMakesItAskMore) {
+  constexpr std::size_t count = 4096;
+  Numbers numbers(count);
+  std::iota(numbers.begin(), numbers.end(), 0);
+  Adversary rising(count);
+  sort(numbers, [&](int left, int right) { return rising.isBefore(left, right); });
+  EXPECT_LT(rising.questions, 5 * count * 12);
+  std::iota(numbers.begin(), numbers.end(), 0);
+  Adversary falling(count);
+  sort(numbers, [&](int left, int right) { return falling.isBefore(right, left); });
+  EXPECT_LT(falling.questions, 5 * count * 12);
 }
 
 TEST(Sorting, AnInconsistentComparisonOnlyMixesTheElements) {
