@@ -11,8 +11,14 @@ namespace velto {
 
 namespace {
 
-/// How far a step looks ahead, so that the way to the next tag is never searched over and over.
-constexpr std::size_t window = 4096;
+/// How far a step looks ahead, so that the way to the next tag is never searched over and over. Between characters
+/// beyond ASCII it looks no further than to the next of them.
+std::size_t searchedSize(std::string_view text) noexcept {
+  constexpr std::size_t few = 64;
+  constexpr std::size_t many = 4096;
+  const std::size_t ascii = utf8::asciiPrefixLength(text.substr(0, few));
+  return ascii < few ? ascii : std::min(text.size(), many);
+}
 
 /// The first "<" from `begin` on that "%" follows, or `end`. Texts have fewer "%" than "<".
 std::size_t findTagOpening(std::string_view text, std::size_t begin, std::size_t end) noexcept {
@@ -86,9 +92,14 @@ void skip(ScannableString& source, std::string_view text, Int lineFeeds) noexcep
 }  // namespace
 
 bool skipTemplateText(ScannableString& source) {
+  const std::string_view text = source.string;
   bool isASCII = true;
-  while (!source.isAtEnd() && !source.isAtASCII("<%")) {
-    if (!skipASCIITemplateText(source)) isASCII = utf8::isASCII(source.advance().text()) && isASCII;
+  while (!source.isAtEnd()) {
+    const bool isPlain = utf8::isASCII(text[source.index]);
+    if (isPlain && source.isAtASCII("<%")) break;
+    if (isPlain && skipASCIITemplateText(source)) continue;
+    const Character character = source.advance();
+    isASCII = isASCII && utf8::isASCII(character.text());
   }
   return isASCII;
 }
@@ -96,8 +107,8 @@ bool skipTemplateText(ScannableString& source) {
 bool skipASCIITemplateText(ScannableString& source) noexcept {
   const std::string_view text = source.string;
   const std::size_t begin = source.index;
-  if (begin >= text.size() || !utf8::isASCII(text[begin])) return false;
-  const std::size_t tag = findTagOpening(text, begin, std::min(text.size(), begin + window));
+  if (begin >= text.size()) return false;
+  const std::size_t tag = findTagOpening(text, begin, begin + searchedSize(text.substr(begin)));
   const std::string_view plain = text.substr(begin, tag - begin);
   const Lines lines(plain.substr(0, plain.find('\r')));
   const std::size_t end = begin + lines.size;
