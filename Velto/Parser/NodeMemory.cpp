@@ -8,6 +8,20 @@
 
 namespace velto {
 
+namespace {
+
+#if defined(__has_feature)
+constexpr bool isChecked = __has_feature(address_sanitizer);
+#elif defined(__SANITIZE_ADDRESS__)
+constexpr bool isChecked = true;
+#else
+constexpr bool isChecked = false;
+#endif
+
+thread_local NodeMemory::Grove* groveOfThread = nullptr;
+
+}  // namespace
+
 /// Held by each node in it, and by the grove that fills it.
 class NodeMemory::Piece {
  public:
@@ -29,32 +43,19 @@ class NodeMemory::Piece {
   }
 
  private:
-#if defined(__SANITIZE_ADDRESS__)
-  static constexpr std::size_t smallest = 0;  // a node each, so that the sanitizer sees what reaches over its end
-  static constexpr std::size_t largest = 0;
-#else
-  static constexpr std::size_t smallest = 512;
-  static constexpr std::size_t largest = 8192;
-#endif
+  // Where addresses are checked a piece holds one node, so that it shows when somebody reaches over its end.
+  static constexpr std::size_t smallest = isChecked ? 0 : 512;
+  static constexpr std::size_t largest = isChecked ? 0 : 8192;
 
   explicit Piece(std::size_t size) noexcept
-      : next_(reinterpret_cast<char*>(this + 1)), end_(reinterpret_cast<char*>(this) + size) {
-  }
+      : next_(reinterpret_cast<char*>(this + 1)), end_(reinterpret_cast<char*>(this) + size) {}
 
-  std::size_t size() const noexcept {
-    return static_cast<std::size_t>(end_ - reinterpret_cast<const char*>(this));
-  }
+  std::size_t size() const noexcept { return static_cast<std::size_t>(end_ - reinterpret_cast<const char*>(this)); }
 
   HolderCount holders_{1};
   char* next_;
   char* const end_;
 };
-
-namespace {
-
-thread_local NodeMemory::Grove* groveOfThread = nullptr;
-
-}  // namespace
 
 NodeMemory::Grove::Grove() noexcept : outer_(std::exchange(groveOfThread, this)) {
 }
