@@ -5,7 +5,7 @@
 
 namespace velto {
 
-constinit const Environment Environment::nowhere;
+const Environment Environment::nowhere;
 
 Environment::Environment(std::shared_ptr<Logger> logger) : Environment(nullptr, std::move(logger)) {
 }

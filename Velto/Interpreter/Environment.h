@@ -82,7 +82,7 @@ class Environment final : public WeaklyCounted {
   friend class ScopePool;
 
   /// Makes `nowhere`.
-  constexpr Environment() noexcept : enclosing_(this), isObserving_(false) {}
+  Environment() noexcept : enclosing_(this), isObserving_(false) {}
 
   static const Environment nowhere;
   /// What a link that leads nowhere points to. Nothing is ever written there.

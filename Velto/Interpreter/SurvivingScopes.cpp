@@ -22,8 +22,8 @@ std::uint32_t countAtFirstName(const Environment& scope, const Bindings::Binding
   if (function.holderCount() == 1) return 1;
   const auto isSame = [&](const Bindings::Binding& other) { return functionOf(scope, other.value) == &function; };
   const auto bindings = scope.values.bindings();
-  const bool isFirst = &*std::ranges::find_if(bindings, isSame) == &binding;
-  return isFirst ? static_cast<std::uint32_t>(std::ranges::count_if(bindings, isSame)) : 0;
+  const bool isFirst = &*std::find_if(bindings.begin(), bindings.end(), isSame) == &binding;
+  return isFirst ? static_cast<std::uint32_t>(std::count_if(bindings.begin(), bindings.end(), isSame)) : 0;
 }
 
 /// Whether only functions that stand in the scope itself hold it, and only the scope holds them. The caller holds it

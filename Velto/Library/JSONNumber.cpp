@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "Velto/Platform/Decimal.h"
+
 namespace velto {
 namespace {
 
@@ -93,7 +95,7 @@ std::optional<double> parseJSONNumber(std::string_view text) {
 std::optional<double> parseAnyJSONNumber(std::string_view text) {
   if (!isNumber(text)) return std::nullopt;
   double number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const auto [end, error] = parseDecimal(text, number);
   if (error == std::errc()) return number;
   const double magnitude = isTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
   return text.starts_with('-') ? -magnitude : magnitude;

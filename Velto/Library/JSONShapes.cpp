@@ -10,7 +10,8 @@ namespace {
 bool hasKeys(const Dictionary& dictionary, std::span<const Value> parts) {
   if (2 * dictionary.size() != parts.size()) return false;
   std::size_t index = 0;
-  return std::ranges::all_of(dictionary.entries(), [&](const Dictionary::Entry& entry) {
+  const Dictionary::Entries entries = dictionary.entries();
+  return std::all_of(entries.begin(), entries.end(), [&](const Dictionary::Entry& entry) {
     return entry.key.string()->isSameAs(*parts[2 * index++].string());
   });
 }

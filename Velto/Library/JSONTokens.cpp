@@ -14,7 +14,7 @@ namespace {
 
 /// simdjson chooses its code for this processor when it is first used, and stops the process if there is no memory for
 /// that. So it chooses as the library is loaded.
-[[maybe_unused]] const bool hasChosen = !simdjson::get_active_implementation()->name().empty();
+[[maybe_unused]] const bool hasChosen = simdjson::get_active_implementation()->validate_utf8("", 0);
 
 /// A lack of memory is no property of the document.
 bool isFailure(simdjson::error_code error) {

@@ -83,7 +83,8 @@ std::string_view trimmedByCharacters(std::string_view whole) {
 }
 
 String escaped(const String& text) {
-  if (std::ranges::all_of(text.view(), [](char byte) { return escapedForm(byte).empty(); })) return text;
+  const std::string_view bytes = text.view();
+  if (std::all_of(bytes.begin(), bytes.end(), [](char byte) { return escapedForm(byte).empty(); })) return text;
   if (!text.isASCII()) return escapedByCharacters(text);
   StringBuilder result;
   result.reserve(text.size());

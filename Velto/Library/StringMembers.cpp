@@ -1,5 +1,4 @@
 // The member table of strings.
-#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -57,11 +56,11 @@ constexpr Member members[] = {
 /// Null if there is none.
 const Member* findMember(std::string_view name) noexcept {
   // One after the other: most differ by their length already, and so quicker than a search that has to compare.
-  const auto isNamed = [name](const Member& member) {
-    return member.name.size() == name.size() && std::memcmp(member.name.data(), name.data(), name.size()) == 0;
-  };
-  const Member* member = std::ranges::find_if(members, isNamed);
-  return member != std::end(members) ? member : nullptr;
+  for (const Member& member : members) {
+    if (member.name.size() != name.size()) continue;
+    if (std::memcmp(member.name.data(), name.data(), name.size()) == 0) return &member;
+  }
+  return nullptr;
 }
 
 }  // namespace

@@ -34,7 +34,8 @@ constexpr Scalars identifierContinuations[] = {
 
 template <std::size_t size>
 bool isIn(const Scalars (&table)[size], char32_t scalar) noexcept {
-  const auto behind = std::ranges::upper_bound(table, scalar, {}, &Scalars::first);
+  const auto isBefore = [](char32_t wanted, const Scalars& each) { return wanted < each.first; };
+  const auto behind = std::upper_bound(std::begin(table), std::end(table), scalar, isBefore);
   return behind != std::begin(table) && scalar <= std::prev(behind)->last;
 }
 

@@ -115,7 +115,7 @@ std::string readToEnd(int number) {
   constexpr std::size_t largestPiece = 64 * 1024;
   const std::size_t expected = expectedSize(number);
   const std::size_t size = std::clamp(expected, smallestPiece, largestPiece);
-  const auto piece = std::make_unique_for_overwrite<char[]>(size);
+  const std::unique_ptr<char[]> piece(new char[size]);
   std::string bytes;
   bytes.reserve(expected);
   while (const std::size_t count = readSome(number, piece.get(), size)) bytes.append(piece.get(), count);
@@ -170,13 +170,14 @@ bool copyContents(const files::path& source, const files::path& destination) {
   return errno == 0;
 }
 
-/// A copy of a folder inside that very folder would never end.
+/// A copy of a folder inside that very folder would never end. As text: not all iterators over a path may throw where
+/// they find no memory for a name.
 bool isInside(const files::path& item, const files::path& folder) {
   std::error_code error;
   const files::path inner = files::canonical(files::absolute(item, error).parent_path(), error);
   if (isFailure(error)) return false;  // there is no such folder to copy into
   const files::path outer = files::canonical(folder, error);
-  return isFailure(error) || std::ranges::mismatch(outer, inner).in1 == outer.end();
+  return isFailure(error) || (inner / "").native().starts_with((outer / "").native());
 }
 
 bool copyFolder(const files::path& source, const files::path& destination, files::perms permissions) {

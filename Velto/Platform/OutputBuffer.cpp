@@ -59,7 +59,7 @@ void OutputBuffer::writeElsewhere(const std::shared_ptr<FileHandle>& target, std
   flushPendingOutput();
   if (bytes.size() > capacity) return target->write(bytes);
   if (bytes.empty()) return;
-  if (!bytes_) bytes_ = std::make_unique_for_overwrite<char[]>(capacity);
+  if (!bytes_) bytes_ = std::unique_ptr<char[]>(new char[capacity]);
   target_ = target;
   setPendingOutput(this);
   append(bytes);

@@ -165,7 +165,7 @@ bool String::isEqual(const String& other) const {
 
 std::strong_ordering operator<=>(const String& left, const String& right) {
   if (left.isSameAs(right)) return std::strong_ordering::equal;
-  if (left.isASCII() && right.isASCII()) return left.view() <=> right.view();
+  if (left.isASCII() && right.isASCII()) return left.view().compare(right.view()) <=> 0;
   return unicode::compare(left, right);
 }
 

@@ -101,12 +101,12 @@ bool areEquivalent(std::string_view left, std::string_view right) {
 std::strong_ordering compare(std::string_view left, std::string_view right) {
   const std::size_t difference = firstDifference(left, right);
   if (isInert(left, difference) && isInert(right, difference))
-    return left.substr(difference) <=> right.substr(difference);
+    return left.substr(difference).compare(right.substr(difference)) <=> 0;
 
   const std::size_t start = difference == 0 ? 0 : lastASCII(left, difference - 1);
   const Normalized leftRest(decomposing(), left.substr(start));
   const Normalized rightRest(decomposing(), right.substr(start));
-  return leftRest.view() <=> rightRest.view();
+  return leftRest.view().compare(rightRest.view()) <=> 0;
 }
 
 std::size_t hash(std::string_view text) {

@@ -93,7 +93,7 @@ std::optional<Url> Url::resolving(const String& text, const Url& base, const Url
   const auto reference = urls::parse_uri_reference(text.view());
   if (!reference || !isLocal(*reference)) return std::nullopt;
   const std::optional<Segments> segments = resolve(*reference, segmentsOf(base, currentDirectory));
-  if (!segments || !std::ranges::all_of(*segments, isPath)) return std::nullopt;
+  if (!segments || !std::all_of(segments->begin(), segments->end(), isPath)) return std::nullopt;
   return Url(join(*segments));
 }
 

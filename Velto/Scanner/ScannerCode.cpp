@@ -1,7 +1,7 @@
 // The code step of a scan: operators, numbers, words and line comments.
-#include <charconv>
 #include <limits>
 
+#include "Velto/Platform/Decimal.h"
 #include "Velto/Scanner/Scanner.h"
 
 namespace velto {
@@ -22,9 +22,9 @@ bool isPlainInWord(char byte) noexcept {
 
 /// By the rules of the C locale: what is too large is infinite, what is too small is 0. Nothing if a digit carries a
 /// combining mark.
-std::optional<double> decimalValue(std::string_view text) noexcept {
+std::optional<double> decimalValue(std::string_view text) {
   double value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  const auto [end, error] = parseDecimal(text, value);
   if (end != text.data() + text.size()) return std::nullopt;
   if (error != std::errc::result_out_of_range) return value;
   const bool isLarge = text.find_first_of("123456789") < text.find('.');

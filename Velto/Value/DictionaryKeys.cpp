@@ -1,7 +1,6 @@
 // The keys of dictionaries, and how they are found.
 #include "Velto/Value/DictionaryKeys.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "Velto/Value/KeyHash.h"
@@ -14,6 +13,14 @@ namespace {
 /// a letter, of which there are none in ASCII.
 bool canBeEqual(const String& left, const String& right) noexcept {
   return left.size() == right.size() || !left.isASCII() || !right.isASCII();
+}
+
+/// The size if there is none.
+template <typename Predicate>
+std::size_t placeOfFirst(const std::vector<Value>& keys, const Predicate& holds) {
+  std::size_t place = 0;
+  while (place < keys.size() && !holds(keys[place])) ++place;
+  return place;
 }
 
 }  // namespace
@@ -104,9 +111,8 @@ std::size_t DictionaryKeys::placeAmongFew(const String& key) const {
     const String& text = *present.string();
     return canBeEqual(text, key) && text == key;
   };
-  auto found = std::ranges::find_if(keys_, isSame);
-  if (found == keys_.end()) found = std::ranges::find_if(keys_, isEqual);
-  return static_cast<std::size_t>(found - keys_.begin());
+  const std::size_t place = placeOfFirst(keys_, isSame);
+  return place < keys_.size() ? place : placeOfFirst(keys_, isEqual);
 }
 
 }  // namespace velto

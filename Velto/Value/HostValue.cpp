@@ -17,7 +17,7 @@ bool isValue(const HostValue& host) {
 }
 
 Value arrayFrom(const HostValue::Elements& elements) {
-  if (!std::ranges::all_of(elements, isValue)) return makeRef<const HostArray>(elements);
+  if (!std::all_of(elements.begin(), elements.end(), isValue)) return makeRef<const HostArray>(elements);
   std::vector<Value> values;
   values.reserve(elements.size());
   for (const HostValue& element : elements) values.push_back(*element.as<Value>());
@@ -26,7 +26,7 @@ Value arrayFrom(const HostValue::Elements& elements) {
 
 Value dictionaryFrom(const HostValue::Entries& entries) {
   const auto isOfValues = [](const auto& entry) { return isValue(entry.first) && isValue(entry.second); };
-  if (!std::ranges::all_of(entries, isOfValues)) return makeRef<const HostDictionary>(entries);
+  if (!std::all_of(entries.begin(), entries.end(), isOfValues)) return makeRef<const HostDictionary>(entries);
   Dictionary result;
   result.reserve(entries.size());
   for (const auto& [key, value] : entries) result.set(*key.as<Value>(), *value.as<Value>());

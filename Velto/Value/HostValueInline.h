@@ -117,7 +117,8 @@ HostValue::Content HostValue::entriesOf(const T& host) {
 template <typename T>
 HostValue::Content HostValue::elementsOf(const T& host) {
   Elements elements;
-  for (const auto& element : host) elements.emplace_back(element);
+  // Not as what the range refers to them by, which is no bool in a vector of such.
+  for (const std::ranges::range_value_t<const T&>& element : host) elements.emplace_back(element);
   return makeRef<const Shared<Elements>>(std::move(elements));
 }
 

@@ -22,6 +22,10 @@ template <typename T>
 concept Numeric = std::floating_point<T> ||
     (std::integral<T> && !OneOf<T, bool, char, wchar_t, char8_t, char16_t, char32_t>);
 
+/// A class below one of the two bases. Nothing is asked of the bases themselves, since they may be known by name only.
+template <typename T, typename Base>
+concept KindOf = !OneOf<T, const Object, const Callable> && std::derived_from<T, Base>;
+
 /// An object or a callable outside a `Ref`. Nothing is asked of its constructors, one of which may take a value.
 template <typename T>
 concept HeldByValue = std::derived_from<T, Object> || std::derived_from<T, Callable>;
@@ -49,7 +53,7 @@ class Value {
   Value(std::string_view text) : Value(String(text)) {}
   Value(Character character);
   template <OneOf<char, char32_t> T>
-  Value(T scalar) : Value(textOf(scalar)) {}
+  Value(T scalar) : Value(textOf(static_cast<char32_t>(scalar))) {}
   Value(Ref<const Array> array) noexcept;
   Value(Array array);
   Value(Ref<const Dictionary> dictionary) noexcept;
@@ -59,9 +63,9 @@ class Value {
   /// Any object; one of the kinds above is recognised.
   Value(Ref<const Object> object) noexcept;
   Value(Ref<const Callable> callable) noexcept;
-  template <std::derived_from<Object> T>
+  template <KindOf<Object> T>
   Value(const Ref<T>& object) noexcept : Value(Ref<const Recognised<T>>(object)) {}
-  template <std::derived_from<Callable> T>
+  template <KindOf<Callable> T>
   Value(const Ref<T>& callable) noexcept : Value(Ref<const Callable>(callable)) {}
 
   /// An object or a callable that isn't behind a `Ref` moves there.

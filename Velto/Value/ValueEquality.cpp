@@ -1,4 +1,5 @@
 // When two values are equal.
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -47,8 +48,8 @@ class Comparison {
   }
 
   bool takeElements(const Array& left, const Array& right) {
-    return std::ranges::equal(left.elements(), right.elements(),
-                              [this](const Value& one, const Value& other) { return take(one, other); });
+    return std::equal(left.elements().begin(), left.elements().end(), right.elements().begin(), right.elements().end(),
+                      [this](const Value& one, const Value& other) { return take(one, other); });
   }
 
   bool takeEntries(const Dictionary& left, const Dictionary& right) {

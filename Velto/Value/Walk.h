@@ -26,10 +26,13 @@ std::optional<T> takeLast(std::vector<T>& waiting) {
 /// Asks of each element, or of each key and each value, until one answer is false.
 template <typename Predicate>
 bool allPartsOf(const Value& container, const Predicate& holds) {
-  if (const Array* array = container.array()) return std::ranges::all_of(array->elements(), holds);
+  if (const Array* array = container.array()) {
+    return std::all_of(array->elements().begin(), array->elements().end(), holds);
+  }
   if (const Dictionary* dictionary = container.dictionary()) {
-    return std::ranges::all_of(dictionary->entries(),
-                               [&](const Dictionary::Entry& entry) { return holds(entry.key) && holds(entry.value); });
+    const Dictionary::Entries entries = dictionary->entries();
+    return std::all_of(entries.begin(), entries.end(),
+                       [&](const Dictionary::Entry& entry) { return holds(entry.key) && holds(entry.value); });
   }
   return true;
 }

@@ -10,7 +10,8 @@ namespace {
 /// Whether any command has an option `name` with a value.
 bool takesValue(const CLI::App& app, const std::string& name) {
   if (!name.starts_with("--")) return false;
-  return std::ranges::any_of(app.get_subcommands(nullptr), [&](const CLI::App* command) {
+  const std::vector<const CLI::App*> commands = app.get_subcommands(nullptr);
+  return std::any_of(commands.begin(), commands.end(), [&](const CLI::App* command) {
     const CLI::Option* const option = command->get_option_no_throw(name);
     return option && option->get_items_expected_max() > 0;
   });

@@ -117,7 +117,7 @@ void addRender(CLI::App& app, Work& work) {
 
 /// What is left of the arguments once the options are taken out. Up to "--", names with a hyphen are unknown options.
 std::vector<std::string> filesAmong(const std::vector<std::string>& arguments) {
-  const auto mark = std::ranges::find(arguments, "--");
+  const auto mark = std::find(arguments.begin(), arguments.end(), "--");
   const auto isOption = [](const std::string& argument) { return argument.size() > 1 && argument.starts_with('-'); };
   const auto unknown = std::find_if(arguments.begin(), mark, isOption);
   if (unknown != mark) throw CLI::ExtrasError({*unknown});

@@ -17,7 +17,8 @@ namespace {
 using Arguments = std::span<const char* const>;
 
 bool areWellFormed(Arguments arguments) {
-  return std::ranges::all_of(arguments, [](const char* argument) { return velto::String::isWellFormed(argument); });
+  return std::all_of(arguments.begin(), arguments.end(),
+                     [](const char* argument) { return velto::String::isWellFormed(argument); });
 }
 
 /// The first argument where a command should be, and none is; empty if there is nothing to complain of.
@@ -25,7 +26,8 @@ std::string_view wordInsteadOfCommand(const CLI::App& app, Arguments arguments) 
   const std::string_view word = arguments.size() > 1 ? arguments[1] : "";
   const auto commands = app.get_subcommands(nullptr);
   const auto isNamed = [&](const CLI::App* command) { return command->get_name() == word; };
-  return word.starts_with('-') || std::ranges::any_of(commands, isNamed) ? std::string_view() : word;
+  return word.starts_with('-') || std::any_of(std::begin(commands), std::end(commands), isNamed) ? std::string_view()
+                                                                                                 : word;
 }
 
 int refuse(const CLI::App& app, std::string_view reason) {
@@ -44,7 +46,7 @@ int runCommand(Arguments arguments) {
   }
   try {
     std::vector<std::string> prepared = command::preparedArguments(app, arguments);
-    std::ranges::reverse(prepared);
+    std::reverse(prepared.begin(), prepared.end());
     app.parse(prepared);
   } catch (const CLI::Success& wish) {
     return app.exit(wish);

@@ -58,7 +58,7 @@ TEST(FatalStopsDeathTest, CursorsOverArrays) {
 }
 
 TEST(FatalStopsDeathTest, RangesOverTwoFiles) {
-  EXPECT_EXIT(Range(Cursor("a", 1, 1), Cursor("b", 1, 1)), isAbort,
+  EXPECT_EXIT(Range(Cursor{"a", 1, 1}, Cursor{"b", 1, 1}), isAbort,
               fatal("A range must start and end in the same file."));
 }
 

@@ -37,7 +37,7 @@ const std::vector<String> texts = {
 TEST(CharacterFinder, FindsInAnyOrderWhatThePlainWayFinds) {
   std::mt19937 random(1);
   CharacterFinder finder;
-  for (int count = 0; count < 20'000; ++count) {
+  for (unsigned count = 0; count < 20'000; ++count) {
     const String& text = texts[(count / 50 + random() % 2) % texts.size()];
     const Int lower = static_cast<Int>(random() % 22) - 1;
     const Int upper = lower + static_cast<Int>(random() % 4);

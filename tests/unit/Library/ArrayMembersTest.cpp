@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "Velto/Value/NativeFunctions.h"
 #include "tests/unit/Value/Calls.h"
 #include "tests/unit/Value/HostTypes.h"
@@ -77,7 +79,8 @@ TEST(ArrayMembers, FunctionsHaveTheirNamesAndLabels) {
   for (const Row& row : rows) {
     const Value member = *numbers().get(row.member);
     EXPECT_EQ(member.callable()->name(), String(row.member));
-    EXPECT_TRUE(std::ranges::equal(member.callable()->labels(), row.labels)) << row.member;
+    const std::span<const Label> labels = member.callable()->labels();
+    EXPECT_TRUE(std::equal(labels.begin(), labels.end(), row.labels.begin(), row.labels.end())) << row.member;
   }
 }
 

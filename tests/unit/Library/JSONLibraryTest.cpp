@@ -280,7 +280,7 @@ TEST(JSONDocumentTest, ObjectsWithTheSameKeysInTheSameOrderShareThem) {
     return &value->array()->elements()[index].dictionary()->entries()[0].key;
   };
   EXPECT_EQ(keysOf(0), keysOf(2));
-  for (const std::size_t other : {1, 3, 4}) EXPECT_NE(keysOf(0), keysOf(other));
+  for (const std::size_t other : {1u, 3u, 4u}) EXPECT_NE(keysOf(0), keysOf(other));
   EXPECT_EQ(value->description(), String("[[a: 1, b: 2], [b: 3, a: 4], [a: 5, b: 6], [a: 7], [a: 8, b: 9, c: 0]]"));
 }
 
@@ -311,7 +311,7 @@ std::string nested(std::size_t depth, std::string_view open, std::string_view cl
 }
 
 TEST(JSONDocumentTest, TakesDeepDocuments) {
-  for (const std::size_t depth : {10, 1000}) {  // deeper ones as the stack allows
+  for (const std::size_t depth : {10u, 1000u}) {  // deeper ones as the stack allows
     for (const auto& [open, close] : {std::pair("[", "]"), std::pair("{\"a\":", "}")}) {
       std::optional<Value> value = parseJSON(nested(depth, open, close));
       ASSERT_TRUE(value) << depth;

@@ -24,7 +24,7 @@ std::vector<Numbers> inputs(std::size_t count) {
   std::iota(rising.begin(), rising.end(), 0);
   Numbers falling(rising.rbegin(), rising.rend());
   Numbers shuffled = rising;
-  std::ranges::shuffle(shuffled, generator);
+  std::shuffle(shuffled.begin(), shuffled.end(), generator);
   Numbers few = shuffled;
   for (int& number : few) number %= 3;
   Numbers organPipe = rising;
@@ -36,14 +36,14 @@ TEST(Sorting, OrdersEveryKindOfInputOfEverySize) {
   for (std::size_t count = 0; count < 70; ++count) {
     for (Numbers numbers : inputs(count)) {
       Numbers expected = numbers;
-      std::ranges::sort(expected);
+      std::sort(expected.begin(), expected.end());
       sort(numbers, ascending);
       EXPECT_EQ(numbers, expected) << count;
     }
   }
   for (Numbers numbers : inputs(20000)) {
     Numbers expected = numbers;
-    std::ranges::sort(expected);
+    std::sort(expected.begin(), expected.end());
     sort(numbers, ascending);
     EXPECT_EQ(numbers, expected);
   }
@@ -67,7 +67,7 @@ TEST(Sorting, WithoutDivisionsLeftAHeapSortFinishes) {
   for (const int depthLimit : {0, 1, 2}) {
     for (Numbers numbers : inputs(500)) {
       Numbers expected = numbers;
-      std::ranges::sort(expected);
+      std::sort(expected.begin(), expected.end());
       Sorter(numbers, ascending).introspectiveSort(0, numbers.size(), depthLimit);
       EXPECT_EQ(numbers, expected);
     }
@@ -167,8 +167,8 @@ TEST(Sorting, AnInconsistentComparisonOnlyMixesTheElements) {
       for (Numbers numbers : inputs(count)) {
         Numbers before = numbers;
         sort(numbers, comparison);
-        std::ranges::sort(before);
-        std::ranges::sort(numbers);
+        std::sort(before.begin(), before.end());
+        std::sort(numbers.begin(), numbers.end());
         EXPECT_EQ(numbers, before);
       }
     }
@@ -187,7 +187,7 @@ TEST(Sorting, AnExceptionLosesNoElement) {
       });
     } catch (const std::runtime_error&) {
     }
-    EXPECT_TRUE(std::ranges::all_of(elements, [](const auto& element) { return element != nullptr; }));
+    EXPECT_TRUE(std::all_of(elements.begin(), elements.end(), [](const auto& element) { return element != nullptr; }));
   }
 }
 

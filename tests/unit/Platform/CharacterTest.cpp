@@ -278,7 +278,8 @@ constexpr Scalars onlyInsideIdentifiers[] = {
     {0x30, 0x39}, {0x300, 0x36F}, {0x1DC0, 0x1DFF}, {0x20D0, 0x20FF}, {0xFE20, 0xFE2F}};
 
 bool isIn(std::span<const Scalars> stretches, char32_t scalar) {
-  return std::ranges::any_of(stretches, [&](Scalars each) { return each.first <= scalar && scalar <= each.last; });
+  return std::any_of(std::begin(stretches), std::end(stretches),
+                     [&](Scalars each) { return each.first <= scalar && scalar <= each.last; });
 }
 
 TEST(CharacterIdentifier, HasExactlyTheseGaps) {

@@ -287,7 +287,7 @@ class LocalFilesTest : public testing::Test {
 };
 
 TEST_F(LocalFilesTest, ReadsWholeFiles) {
-  for (const std::size_t size : {0, 1, 4095, 4096, 4097, 8192, 300'000}) {
+  for (const std::size_t size : {0u, 1u, 4095u, 4096u, 4097u, 8192u, 300'000u}) {
     const std::string content(size, 'x');
     put("a", content);
     EXPECT_EQ(files->readBytes(at("a")), content);
@@ -577,6 +577,7 @@ TEST_F(LocalFilesTest, DoesNotCopyAFolderIntoItself) {
   EXPECT_FALSE(exists("a/b/c"));
   EXPECT_TRUE(files->copy(at("a/b"), at("a/c")));
   EXPECT_TRUE(files->copy(at("a"), at("ab")));
+  EXPECT_TRUE(files->copy(at("a"), at("ab/a"))) << "only the start of its name is the same";
 }
 
 TEST_F(LocalFilesTest, ACopyThatFailsHalfwayIsAFailure) {

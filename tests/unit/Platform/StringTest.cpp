@@ -278,7 +278,7 @@ TEST(StringOrder, IsTransitiveOnRandomTexts) {
   std::mt19937 generator(4);
   std::vector<String> texts;
   for (int number = 0; number < 2000; ++number) texts.push_back(randomText(generator));
-  std::ranges::sort(texts);
+  std::sort(texts.begin(), texts.end());
   for (std::size_t first = 0; first < texts.size(); first += 7) {
     for (std::size_t second = first; second < texts.size(); second += 13) {
       ASSERT_TRUE(texts[first] <= texts[second]);

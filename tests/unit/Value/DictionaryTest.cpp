@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <random>
 
@@ -111,7 +112,7 @@ void compareWithList(int distinctKeys, int operations, bool reserves) {
   for (int count = 0; count < operations; ++count) {
     const int number = static_cast<int>(generator() % static_cast<unsigned>(distinctKeys));
     const Value key = number % 2 == 0 ? Value(number) : Value(decimal(number));
-    const auto place = std::ranges::find(list, key, &std::pair<Value, Value>::first);
+    const auto place = std::find_if(list.begin(), list.end(), [&](const auto& entry) { return entry.first == key; });
     if (place == list.end()) {
       list.emplace_back(key, count);
     } else {
