@@ -1,6 +1,6 @@
 # The commands of daily work. CMake does the building; see CMakePresets.json.
 .DEFAULT_GOAL := build
-.PHONY: build demo test fuzz threads torture coverage mutants bench format dependencies clean
+.PHONY: build demo test fuzz clang threads torture coverage mutants bench format dependencies clean
 
 JOBS ?= $(shell nproc)
 CTEST := ctest --output-on-failure --no-tests=error -j $(JOBS)
@@ -37,6 +37,15 @@ fuzz: dependencies
 	cmake --preset fuzz
 	cmake --build --preset fuzz -j $(JOBS)
 	scripts/run-fuzzers $(SECONDS)
+
+# All tests with another compiler and another standard library. simdjson and ICU are used as they are installed: what
+# goes in and out there, no string among it, looks the same in both libraries.
+clang: dependencies
+	scripts/install-dependencies clang libc++-14-dev libc++abi-14-dev googletest
+	cmake --preset clang -DVELTO_WARNINGS_AS_ERRORS=ON
+	cmake --build --preset clang -j $(JOBS)
+	cmake --build --preset clang -j $(JOBS) --target all_verify_interface_header_sets
+	$(CTEST) --test-dir build/clang
 
 # Many programs on many threads, under the sanitizer for threads.
 threads: dependencies
