@@ -23,8 +23,8 @@ void Environment::define(const String& name, Value value) {
   values.set(name, std::move(value));
 }
 
-void Environment::define(const Token& name, Value value) {
-  if (values.add(name.lexeme, std::move(value))) return;
+void Environment::define(const Token& name, const Value& value) {
+  if (values.add(name.lexeme, value)) return;
   fail(*logger_, VeltoError::Step::interpret, name.range, "Variable with this name already declared in this scope.");
 }
 

@@ -31,7 +31,7 @@ class Environment final : public WeaklyCounted {
 
   void define(const String& name, Value value);
   /// Refuses a name that this scope has already.
-  void define(const Token& name, Value value);
+  void define(const Token& name, const Value& value);
   /// Writes the nearest scope that has the name.
   void assign(const Token& name, Value value);
   /// Writes the scope `depth` links outward, whether or not it has the name.

@@ -33,6 +33,8 @@ Interpreter::~Interpreter() {
   globals_->values.clear();  // its functions hold it
 }
 
+// By value, since it may be one of those that the list has already.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void Interpreter::load(std::shared_ptr<Library> library) {
   libraries_.push_back(library);
   library->load(*this);
@@ -224,8 +226,8 @@ void Interpreter::visitExpressionStatement(const ExpressionStatement& node) {
 }
 
 void Interpreter::visitVariableDeclaration(const VariableDeclaration& node) {
-  Value value = node.initializer ? evaluate(*node.initializer) : Value::uninitialized();
-  current().define(node.name, std::move(value));
+  const Value value = node.initializer ? evaluate(*node.initializer) : Value::uninitialized();
+  current().define(node.name, value);
 }
 
 void Interpreter::visitArrayLiteral(const ArrayLiteral& node) {
