@@ -6,7 +6,7 @@ namespace velto {
 
 String TextPool::shared(std::string_view text) {
   if (const String* present = find(text)) return *present;
-  const String taken = String::fromWellFormed(text);
+  String taken = String::fromWellFormed(text);
   add(taken);
   return taken;
 }

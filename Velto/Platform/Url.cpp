@@ -32,11 +32,11 @@ String join(const std::vector<std::string_view>& parts, bool isAbsolute) {
 /// Above the root is the root; above the start of a relative path the ".." stays.
 void fold(std::vector<std::string_view>& parts, std::string_view part, bool isAbsolute) {
   if (part.empty() || part == ".") return;
-  if (part != "..") {
-    parts.push_back(part);
-  } else if (!parts.empty() && parts.back() != "..") {
+  const bool isUp = part == "..";
+  const bool hasFolder = !parts.empty() && parts.back() != "..";
+  if (isUp && hasFolder) {
     parts.pop_back();
-  } else if (!isAbsolute) {
+  } else if (!isUp || !isAbsolute) {
     parts.push_back(part);
   }
 }
