@@ -1,6 +1,6 @@
 # The commands of daily work. CMake does the building; see CMakePresets.json.
 .DEFAULT_GOAL := build
-.PHONY: build demo test fuzz clang threads torture coverage mutants bench format dependencies clean
+.PHONY: build demo test fuzz clang tidy threads torture coverage mutants bench format dependencies clean
 
 JOBS ?= $(shell nproc)
 CTEST := ctest --output-on-failure --no-tests=error -j $(JOBS)
@@ -46,6 +46,12 @@ clang: dependencies
 	cmake --build --preset clang -j $(JOBS)
 	cmake --build --preset clang -j $(JOBS) --target all_verify_interface_header_sets
 	$(CTEST) --test-dir build/clang
+
+# What clang-tidy finds in the library and the command.
+tidy: dependencies
+	scripts/install-dependencies clang clang-tidy
+	cmake --preset tidy
+	scripts/run-tidy $(JOBS)
 
 # Many programs on many threads, under the sanitizer for threads.
 threads: dependencies

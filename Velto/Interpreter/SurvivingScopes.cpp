@@ -56,6 +56,7 @@ void SurvivingScopes::expect(std::size_t count) {
   if (needed > scopes_.capacity()) scopes_.reserve(std::max(needed, 2 * scopes_.capacity()));
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): lets go of it
 void SurvivingScopes::leave(Ref<Environment> scope) noexcept {
   if (scope->holderCount() == 1) return;
   if (isHeldByItsOwnFunctionsOnly(*scope)) {

@@ -47,6 +47,7 @@ class String {
     static Ref<const Storage> holding(std::string_view text);
     static Ref<const Storage> joining(std::initializer_list<std::string_view> pieces);
     explicit Block(std::size_t capacity) noexcept;
+    // NOLINTNEXTLINE(cert-dcl54-cpp): a block is larger than its type, and `allocated` knows by how much
     static void operator delete(void* memory) { ::operator delete(memory); }
     bool hasRoomFor(std::string_view piece) const noexcept { return piece.size() <= capacity - size; }
     void append(std::string_view piece) noexcept;

@@ -53,6 +53,7 @@ Uuid::Uuid() {
 String Uuid::description() const {
   const auto [high, low] = halves_;
   std::array<char, 37> text;
+  // NOLINTNEXTLINE(cert-err33-c): there is room for whatever the numbers are
   std::snprintf(text.data(), text.size(), "%08" PRIX64 "-%04" PRIX64 "-%04" PRIX64 "-%04" PRIX64 "-%012" PRIX64,
                 high >> 32, (high >> 16) & 0xFFFF, high & 0xFFFF, low >> 48, low & 0xFFFF'FFFF'FFFF);
   return String::fromWellFormed(text.data());

@@ -62,6 +62,7 @@ class ScannableArray : public Scannable<ScannableArray<T>, T> {
   /// From any range, in its order.
   template <std::ranges::input_range Elements>
   requires std::convertible_to<std::ranges::range_reference_t<Elements>, T>
+  // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): no cursor is a range
   explicit ScannableArray(Elements&& elements) {
     for (auto&& element : elements) this->elements.push_back(std::forward<decltype(element)>(element));
   }

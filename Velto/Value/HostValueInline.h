@@ -33,6 +33,8 @@ concept RangeOfPairs = Range<T> && requires(const std::ranges::range_value_t<con
 
 }  // namespace hostkind
 
+// A table of kinds, of which the first that fits it is.
+// NOLINTBEGIN(readability-function-cognitive-complexity, bugprone-branch-clone)
 template <typename T>
 HostValue::Content HostValue::contentOf(const T& host) {
   if constexpr (std::same_as<T, HostValue>) {
@@ -69,6 +71,7 @@ HostValue::Content HostValue::contentOf(const T& host) {
     return Unknown{unqualifiedTypeName(typeid(host))};
   }
 }
+// NOLINTEND(readability-function-cognitive-complexity, bugprone-branch-clone)
 
 template <typename T>
 HostValue::Content HostValue::contentOf(const std::optional<T>& host) {
