@@ -80,7 +80,8 @@ NodeMemory::Piece& NodeMemory::Grove::pieceWithRoomFor(std::size_t size) {
 
 /// Before each node stands its piece, or null where it stands alone.
 void* NodeMemory::allocate(std::size_t size) {
-  const std::size_t whole = (size + sizeof(Piece*) - 1) / sizeof(Piece*) * sizeof(Piece*) + sizeof(Piece*);
+  constexpr std::size_t word = sizeof(void*);
+  const std::size_t whole = (size + word - 1) / word * word + word;
   Piece* const piece = groveOfThread ? &groveOfThread->pieceWithRoomFor(whole) : nullptr;
   void* const memory = piece ? piece->take(whole) : ::operator new(whole);
   return ::new (memory) Piece*(piece) + 1;
