@@ -1,3 +1,4 @@
+// Pieces of memory that are filled with nodes.
 #include "Velto/Parser/NodeMemory.h"
 
 #include <algorithm>
