@@ -146,6 +146,21 @@ TEST_F(MachineTest, WithoutDescriptorsNothingIsOpenedAndTheRunGoesOn) {
       "limit() execute(\"again\")", [] {}, isRight);
 }
 
+TEST_F(MachineTest, ManyFilesTakeNoMoreThanThreeDescriptorsAtOnce) {
+  if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
+  std::filesystem::create_directory(folder / "out");
+  write("a.json", "[1]");
+  write("piece", "<%= i %>");
+  write("page", "<% include \"piece\" %><%= loadJSON(\"a.json\") %>");
+  const auto limit = [] {
+    const rlimit descriptors{3 + 3, 3 + 3};
+    ::setrlimit(RLIMIT_NOFILE, &descriptors);
+  };
+  expectInAnotherProcess(R"v(for i in 0..<1000 process("page", into: "\(folder)/out/\(i)") end)v", limit,
+                         [](const auto& messages) { return messages.empty(); });
+  for (int i = 0; i < 1000; ++i) ASSERT_EQ(read("out/" + std::to_string(i)), std::to_string(i) + "[1]");
+}
+
 TEST_F(MachineTest, ATemplateThatProcessesItselfGivesAllDescriptorsBack) {
   if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
   write("self", R"v(<% process("self", into: "\(folder)/out") %>)v");
