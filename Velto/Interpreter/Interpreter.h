@@ -187,12 +187,10 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value call(const Call& node, const Value& callee);
   template <typename Callee>
   Value call(const Call& node, const Callee& callee);
-  template <std::size_t count, typename Callee>
-  Value callWith(const Call& node, const Callee& callee, std::span<const Label> labels);
-  template <typename Callee>
-  Value callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels);
-  template <typename Callee>
-  Value callWith(const Call& node, const Callee& callee, std::span<const Value> arguments);
+  Value callWith(const Call& node, const Function& function, Arguments arguments);
+  Value callWith(const Call& node, const Callable& callee, Arguments arguments);
+  [[gnu::cold, gnu::noinline]] void tellOfCall(const Call& node, const Callable& callee,
+                                               std::span<const Value> arguments);
   Value evaluateArgument(const Call::Argument& argument, const Label& label);
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
   Value run(const Function& function, Arguments arguments);

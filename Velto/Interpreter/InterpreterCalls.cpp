@@ -1,5 +1,5 @@
 // Calls, and the declaration of functions.
-#include <array>
+#include <boost/container/small_vector.hpp>
 #include <utility>
 
 #include "Velto/Diagnostics/VeltoError.h"
@@ -45,10 +45,8 @@ Value Interpreter::valueOf(const Call& node) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);
   if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
-  if (node.callee.kind() == ExpressionKinds::of<Variable>) {
-    return call(node, valueOf(node.callee.record<Variable>()));
-  }
-  return call(node, evaluateNode(node.callee));
+  const bool isVariable = node.callee.kind() == ExpressionKinds::of<Variable>;
+  return call(node, isVariable ? valueOf(node.callee.record<Variable>()) : evaluateNode(node.callee));
 }
 
 /// A form of a text comes without the function that the member is.
@@ -61,7 +59,7 @@ Value Interpreter::callMember(const Call& node, const Member& member) {
   return call(node, callee);
 }
 
-Value Interpreter::call(const Call& node, const Value& callee) {
+[[gnu::always_inline]] inline Value Interpreter::call(const Call& node, const Value& callee) {
   const Callable* const callable = callee.callable();
   if (!callable) fail(node.paren.range, "Can only call functions and classes.");
   if (callable->isDeclared()) return call(node, static_cast<const Function&>(*callable));
@@ -75,54 +73,35 @@ Value Interpreter::call(const Call& node, const Value& callee) {
 }
 
 template <typename Callee>
-Value Interpreter::call(const Call& node, const Callee& callee) {
+[[gnu::always_inline]] inline Value Interpreter::call(const Call& node, const Callee& callee) {
   const std::span<const Label> labels = callee.labels();
-  if (labels.size() != node.arguments.size()) failArgumentCount(node, callee);
-  switch (labels.size()) {
-    case 0:
-      return callWith<0>(node, callee, labels);
-    case 1:
-      return callWith<1>(node, callee, labels);
-    case 2:
-      return callWith<2>(node, callee, labels);
-    case 3:
-      return callWith<3>(node, callee, labels);
-    default:
-      return callWithMany(node, callee, labels);
-  }
-}
-
-/// The arguments of nearly every call stand on the stack.
-template <std::size_t count, typename Callee>
-Value Interpreter::callWith(const Call& node, const Callee& callee, std::span<const Label> labels) {
-  return [&]<std::size_t... index>(std::index_sequence<index...>) {
-    const std::array<Value, count> arguments{evaluateArgument(node.arguments[index], labels[index])...};
-    return callWith(node, callee, std::span<const Value>(arguments));
-  }
-  (std::make_index_sequence<count>());
-}
-
-template <typename Callee>
-Value Interpreter::callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels) {
-  std::vector<Value> arguments;
+  if (labels.size() != node.arguments.size()) [[unlikely]]
+    failArgumentCount(node, callee);
+  boost::container::small_vector<Value, 4> arguments;  // those of nearly every call stand on the stack
   arguments.reserve(labels.size());
   for (std::size_t index = 0; index < labels.size(); ++index) {
     arguments.push_back(evaluateArgument(node.arguments[index], labels[index]));
   }
-  return callWith(node, callee, std::span<const Value>(arguments));
-}
-
-template <typename Callee>
-Value Interpreter::callWith(const Call& node, const Callee& callee, std::span<const Value> arguments) {
-  const auto reportError = [&](const String& message) { fail(node.paren.range, message); };
   try {
-    return callee.call(*this, arguments, reportError);
+    return callWith(node, callee, std::span<const Value>(arguments));
   } catch (const VeltoError&) {
-    // One line for each call on the way out, innermost first: the language's stack trace.
-    logger_->report(Message::Level::info, String::concatenation({callee.describe(arguments), " called here"}),
-                    node.range);
+    tellOfCall(node, callee, std::span<const Value>(arguments));
     throw;
   }
+}
+
+/// One line for each call on the way out, innermost first: the language's stack trace.
+void Interpreter::tellOfCall(const Call& node, const Callable& callee, std::span<const Value> arguments) {
+  logger_->report(Message::Level::info, String::concatenation({callee.describe(arguments), " called here"}),
+                  node.range);
+}
+
+inline Value Interpreter::callWith(const Call&, const Function& function, Arguments arguments) {
+  return run(function, arguments);
+}
+
+inline Value Interpreter::callWith(const Call& node, const Callable& callee, Arguments arguments) {
+  return callee.call(*this, arguments, [&](const String& message) { fail(node.paren.range, message); });
 }
 
 void Interpreter::failArgumentCount(const Call& node, const Callable& callee) {
