@@ -71,7 +71,7 @@ class Environment final : public WeaklyCounted {
   /// The variable that `local` tells if it stands where it stood when it was last looked up; else null.
   [[gnu::always_inline]] const Value* findInPlace(const String& name, const Local& local) const noexcept {
     const Environment* scope = this;
-    for (Int depth = local.depth; depth != 0; --depth) scope = scope->enclosing_;
+    for (Int depth = local.depth; depth > 0; --depth) scope = scope->enclosing_;
     return scope->values.findAt(local.place, name);
   }
   [[gnu::always_inline]] Value* findInPlace(const String& name, const Local& local) noexcept {
@@ -80,6 +80,7 @@ class Environment final : public WeaklyCounted {
 
  private:
   friend class ScopePool;
+  friend class SurvivingScopes;
 
   /// Makes `nowhere`.
   Environment() noexcept : enclosing_(this), isObserving_(false) {}
@@ -97,8 +98,10 @@ class Environment final : public WeaklyCounted {
   /// Never null: where no scope lies around, as around one that has died, it is `nowhere`, which never lives, has no
   /// names and lies within itself. So a walk of any length needs no questions on its way.
   Environment* enclosing_;
-  bool isObserving_;            // whether `enclosing_` counts this among its observers; else it outlives this anyway
-  Ref<Environment> nextSpare_;  // while this waits to be used again
+  bool isObserving_;       // whether `enclosing_` counts this among its observers; else it outlives this anyway
+  bool isKept_ = false;    // by `SurvivingScopes`
+  bool isGone_ = false;    // let go by `SurvivingScopes`
+  Ref<Environment> next_;  // of those that wait to be used again, or of those that are kept
 };
 
 }  // namespace velto

@@ -21,7 +21,7 @@ class ScopePool {
       return makeFurther(enclosing);
     --spareCount_;
     Ref<Environment> scope = std::move(spares_);
-    spares_.swap(scope->nextSpare_);
+    spares_.swap(scope->next_);
     scope->enclosing_ = enclosing;
     return scope;
   }
@@ -38,7 +38,7 @@ class ScopePool {
     if (scope->values.hasTable() || spareCount_ == mostSpares) return;
     scope->values.clear();
     if (scope->isObserving_) scope->letGoOfEnclosing();
-    scope->nextSpare_.swap(spares_);
+    scope->next_.swap(spares_);
     spares_.swap(scope);
     ++spareCount_;
   }

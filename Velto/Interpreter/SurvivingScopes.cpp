@@ -4,7 +4,7 @@
 #include <new>
 #include <unordered_set>
 
-#include "Velto/Interpreter/Function.h"
+#include "Velto/Interpreter/HeldFunctions.h"
 #include "Velto/Interpreter/UnreachableScopes.h"
 
 namespace velto {
@@ -13,7 +13,7 @@ namespace {
 
 /// The function of a scope that stands in that very scope; null for any other value.
 const Function* functionOf(const Environment& scope, const Value& value) noexcept {
-  const auto* function = dynamic_cast<const Function*>(value.callable());
+  const Function* const function = declaredFunction(value);
   return function && function->closure().get() == &scope ? function : nullptr;
 }
 
@@ -26,10 +26,10 @@ std::uint32_t countAtFirstName(const Environment& scope, const Bindings::Binding
   return isFirst ? static_cast<std::uint32_t>(std::count_if(bindings.begin(), bindings.end(), isSame)) : 0;
 }
 
-/// Whether only functions that stand in the scope itself hold it, and only the scope holds them. The caller holds it
-/// once. Most scopes are told by that, and scopes end on the way out of a failure, when there may be no memory.
-bool isHeldByItsOwnFunctionsOnly(const Environment& scope) noexcept {
-  constexpr std::uint32_t byTheCaller = 1;
+/// Whether only functions that stand in the scope itself hold it, and only the scope holds them. `others` of its
+/// holders don't count. Most scopes are told by that, and scopes end on the way out of a failure, when there may be no
+/// memory.
+bool isHeldByItsOwnFunctionsOnly(const Environment& scope, std::uint32_t others) noexcept {
   if (scope.isObserved()) return false;  // a scope inside could still come here
   std::uint32_t functions = 0;
   for (const Bindings::Binding& binding : scope.values.bindings()) {
@@ -40,7 +40,7 @@ bool isHeldByItsOwnFunctionsOnly(const Environment& scope) noexcept {
     if (count != function->holderCount()) return false;
     ++functions;
   }
-  return scope.holderCount() == functions + byTheCaller;
+  return scope.holderCount() == functions + others;
 }
 
 }  // namespace
@@ -48,6 +48,11 @@ bool isHeldByItsOwnFunctionsOnly(const Environment& scope) noexcept {
 SurvivingScopes::~SurvivingScopes() {
   for (const WeakRef<Environment>& scope : scopes_) {
     if (const Ref<Environment> alive(scope.get()); alive) alive->values.clear();
+  }
+  while (kept_) {
+    const Ref<Environment> first = std::move(kept_);
+    kept_ = std::move(first->next_);
+    first->values.clear();
   }
 }
 
@@ -58,33 +63,83 @@ void SurvivingScopes::expect(std::size_t count) {
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): lets go of it
 void SurvivingScopes::leave(Ref<Environment> scope) noexcept {
-  if (scope->holderCount() == 1) return;
-  if (isHeldByItsOwnFunctionsOnly(*scope)) {
-    scope->values.clear();
-  } else {
-    note(*scope);
+  constexpr std::uint32_t byTheCaller = 1;
+  if (scope->holderCount() == byTheCaller) return;
+  const std::uint32_t others = byTheCaller + (scope->isKept_ ? 1 : 0);
+  if (!isHeldByItsOwnFunctionsOnly(*scope, others) || !letGo({&scope, 1})) note(*scope);
+}
+
+/// Empties the scopes, which nobody else can reach. False where memory lacks, and nothing has changed.
+bool SurvivingScopes::letGo(std::span<const Ref<Environment>> scopes) noexcept {
+  for (const Ref<Environment>& scope : scopes) scope->isGone_ = true;
+  try {
+    for (const Ref<Environment>& scope : scopes) keepWhatIsHeldBy(*scope);
+  } catch (const std::bad_alloc&) {
+    for (const Ref<Environment>& scope : scopes) scope->isGone_ = false;
+    return false;
   }
+  for (const Ref<Environment>& scope : scopes) scope->values.clear();
+  if (keptCount_ >= forgetAt_) forgetThoseThatAreGone();
+  return true;
+}
+
+/// By the count alone, what such scopes hold would be held for ever.
+void SurvivingScopes::keepWhatIsHeldBy(const Environment& scope) {
+  forEachHeldFunction(scope.values, [this](const Function& function) {
+    const Ref<Environment>& closure = function.closure();
+    if (closure && !closure->isGone_ && !closure->isKept_) keep(closure);
+  });
+}
+
+void SurvivingScopes::keep(Ref<Environment> scope) noexcept {
+  scope->isKept_ = true;
+  scope->next_ = std::move(kept_);
+  kept_ = std::move(scope);
+  ++keptCount_;
+}
+
+void SurvivingScopes::forgetThoseThatAreGone() noexcept {
+  keptCount_ = 0;
+  Ref<Environment> rest = std::move(kept_);
+  while (rest) {
+    Ref<Environment> scope = std::move(rest);
+    rest = std::move(scope->next_);
+    if (!scope->isGone_) keep(std::move(scope));
+  }
+  forgetAt_ = std::max(fewest, 2 * keptCount_);
 }
 
 /// A scope that only a host can have kept is not expected. Without memory for it, it stays the host's.
 void SurvivingScopes::note(Environment& scope) noexcept try {
   scopes_.emplace_back(&scope);
-  if (scopes_.size() >= sweepAt_) sweep();
+  if (scopes_.size() + keptCount_ >= sweepAt_) sweep();
 } catch (const std::bad_alloc&) {
 }
 
 void SurvivingScopes::sweep() {
-  // A scope that a host pushes again is popped again.
+  forgetTheDead();
+  std::vector<ScopeInQuestion> scopes;
+  std::unordered_set<const Environment*> noted;
+  for (const WeakRef<Environment>& scope : scopes_) {
+    noted.insert(scope.get());
+    const bool isKept = scope.get()->isKept_;
+    scopes.push_back({Ref<Environment>(scope.get()), isKept ? 2U : 1U, 1});
+  }
+  for (const Ref<Environment>* scope = &kept_; *scope; scope = &(*scope)->next_) {
+    if (!noted.contains(scope->get())) scopes.push_back({*scope, 2, 0});
+  }
+  letGo(unreachable(scopes));
+  scopes.clear();
+  forgetThoseThatAreGone();
+  forgetTheDead();
+  sweepAt_ = std::max(fewest, 2 * (scopes_.size() + keptCount_));  // so that sweeping costs a constant per scope
+}
+
+/// And those that are noted a second time: a scope that a host pushes again is popped again.
+void SurvivingScopes::forgetTheDead() {
   std::unordered_set<const Environment*> seen;
   const auto isToGo = [&](const Environment* scope) { return !scope || !seen.insert(scope).second; };
   std::erase_if(scopes_, [&](const WeakRef<Environment>& scope) { return isToGo(scope.get()); });
-  std::vector<Ref<Environment>> alive;
-  for (const WeakRef<Environment>& scope : scopes_) alive.emplace_back(scope.get());
-  constexpr std::uint32_t byThisList = 1;
-  for (const Ref<Environment>& scope : unreachable(alive, byThisList)) scope->values.clear();
-  alive.clear();
-  std::erase_if(scopes_, [](const WeakRef<Environment>& scope) { return !scope.get(); });
-  sweepAt_ = std::max<std::size_t>(64, 2 * scopes_.size());  // so that sweeping costs a constant per scope
 }
 
 }  // namespace velto

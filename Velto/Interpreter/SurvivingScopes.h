@@ -1,6 +1,8 @@
 // The scopes that outlive their block because a function that was declared in them does.
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <vector>
 
 #include "Velto/Interpreter/Environment.h"
@@ -8,7 +10,8 @@
 namespace [[gnu::visibility("default")]] velto {
 
 /// A function that is stored in the scope that it closes over keeps that scope for ever, by the count alone, and so do
-/// two that stand in each other's scopes. Where nobody else can reach them, they are let go, which no program can see.
+/// two that stand in each other's scopes. Where nobody else can reach them, they are let go, which no program can see:
+/// a scope that is reached otherwise, if only as the one around a living scope, lives on as if they still held it.
 class SurvivingScopes {
  public:
   SurvivingScopes() noexcept = default;
@@ -23,11 +26,21 @@ class SurvivingScopes {
   void leave(Ref<Environment> scope) noexcept;
 
  private:
+  bool letGo(std::span<const Ref<Environment>> scopes) noexcept;
+  void keepWhatIsHeldBy(const Environment& scope);
+  void keep(Ref<Environment> scope) noexcept;
+  void forgetThoseThatAreGone() noexcept;
   void note(Environment& scope) noexcept;
   void sweep();
+  void forgetTheDead();
+
+  static constexpr std::size_t fewest = 64;  // that are worth a look at all of them
 
   std::vector<WeakRef<Environment>> scopes_;
-  std::size_t sweepAt_ = 64;
+  std::size_t sweepAt_ = fewest;
+  Ref<Environment> kept_;  // the first of a chain, of scopes that were held by some that were let go
+  std::size_t keptCount_ = 0;
+  std::size_t forgetAt_ = fewest;
 };
 
 }  // namespace velto

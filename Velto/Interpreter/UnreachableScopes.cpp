@@ -3,7 +3,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "Velto/Interpreter/Function.h"
+#include "Velto/Interpreter/HeldFunctions.h"
 
 namespace velto {
 
@@ -13,12 +13,11 @@ namespace {
 /// scopes themselves are taken away comes from outside.
 class ReachableScopes {
  public:
-  ReachableScopes(const std::vector<Ref<Environment>>& scopes, std::uint32_t observers) {
-    constexpr std::uint32_t byTheCaller = 1;
-    for (const Ref<Environment>& scope : scopes) {
-      outside_[scope.get()] = {scope->holderCount() - byTheCaller, scope->observerCount() - observers};
+  explicit ReachableScopes(const std::vector<ScopeInQuestion>& scopes) {
+    for (const auto& [scope, holders, observers] : scopes) {
+      outside_[scope.get()] = {scope->holderCount() - holders, scope->observerCount() - observers};
     }
-    for (const Ref<Environment>& scope : scopes) countFrom(*scope);
+    for (const ScopeInQuestion& question : scopes) countFrom(*question.scope);
     for (const auto& [scope, references] : outside_) {
       if (references.holders > 0 || references.observers > 0) reach(scope);
     }
@@ -39,7 +38,7 @@ class ReachableScopes {
   template <typename Work>
   static void forEachFunction(const Environment& scope, const Work& work) {
     for (const Bindings::Binding& binding : scope.values.bindings()) {
-      if (const auto* function = dynamic_cast<const Function*>(binding.value.callable())) work(*function);
+      if (const Function* const function = declaredFunction(binding.value)) work(*function);
     }
   }
 
@@ -76,11 +75,11 @@ class ReachableScopes {
 
 }  // namespace
 
-std::vector<Ref<Environment>> unreachable(const std::vector<Ref<Environment>>& scopes, std::uint32_t observers) {
-  const ReachableScopes reachable(scopes, observers);
+std::vector<Ref<Environment>> unreachable(const std::vector<ScopeInQuestion>& scopes) {
+  const ReachableScopes reachable(scopes);
   std::vector<Ref<Environment>> found;
-  for (const Ref<Environment>& scope : scopes) {
-    if (!reachable.contain(*scope)) found.push_back(scope);
+  for (const ScopeInQuestion& question : scopes) {
+    if (!reachable.contain(*question.scope)) found.push_back(question.scope);
   }
   return found;
 }

@@ -5,6 +5,7 @@
 
 #include "Velto/Value/HostValue.h"
 #include "Velto/Value/Object.h"
+#include "Velto/Value/PlainMark.h"
 #include "Velto/Value/Value.h"
 
 namespace [[gnu::visibility("default")]] velto {
@@ -37,6 +38,8 @@ class Array final : public Sequence {
   std::optional<Value> converted(std::size_t index) const override { return elements_[index]; }
   String printed(std::size_t index) const override { return elements_[index].description(); }
   String objectDescription() const override;
+
+  PlainMark plainMark;
 
  private:
   std::vector<Value> elements_;

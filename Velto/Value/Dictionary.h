@@ -8,6 +8,7 @@
 
 #include "Velto/Value/HostValue.h"
 #include "Velto/Value/Object.h"
+#include "Velto/Value/PlainMark.h"
 #include "Velto/Value/Value.h"
 
 namespace velto {
@@ -68,6 +69,8 @@ class Dictionary final : public Mapping {
 
   std::size_t size() const noexcept override { return values_.size(); }
   String objectDescription() const override;
+
+  PlainMark plainMark;
 
  private:
   DictionaryKeys& ownKeys();

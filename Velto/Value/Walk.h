@@ -15,6 +15,18 @@ inline bool isContainer(const Value& value) {
   return value.array() || value.dictionary();
 }
 
+/// Whether no function can stand inside, as far as is known without a look.
+inline bool isKnownToBePlain(const Value& value) {
+  if (const Array* array = value.array()) return array->plainMark.isSet();
+  if (const Dictionary* dictionary = value.dictionary()) return dictionary->plainMark.isSet();
+  return false;
+}
+
+inline void rememberAsPlain(const Value& value) {
+  if (const Array* array = value.array()) array->plainMark.set();
+  if (const Dictionary* dictionary = value.dictionary()) dictionary->plainMark.set();
+}
+
 template <typename T>
 std::optional<T> takeLast(std::vector<T>& waiting) {
   if (waiting.empty()) return std::nullopt;

@@ -92,6 +92,26 @@ TEST_F(ScopeLifetimeTest, KeepsARingThatAFunctionLeadsTo) {
             "7witnesstrue");
 }
 
+TEST_F(ScopeLifetimeTest, SweepsWhatUnreachableScopesHeld) {
+  // In each turn the inner block, which nobody can reach, has held the body of the loop.
+  EXPECT_EQ(run("for i in 0..<1000 var w = witness() func h() return w end if true func f() end var hh = h end "
+                "h = nil end print(living() < 200)"),
+            "true");
+  EXPECT_EQ(run("for i in 0..<1000 var w = witness() func h() return w end var keep = nil "
+                "if true func g() return w end keep = g end if true func f() end var hh = [h] end h = nil end "
+                "print(living() < 400)"),
+            "truetrue");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsForGoodWhatUnreachableScopesHeld) {
+  EXPECT_EQ(run("var keep = nil if true var w = witness() func h() end if true func g() return w end keep = g end "
+                "if true func f() end var list = [1, [\"a\": 2]] var hh = [list, [h]] end h = nil end "
+                "for i in 0..<1000 func f() end var other = [f] end print(keep()) keep = nil "
+                "for i in 0..<1000 func f() end var g = nil func make() var n = 0 func get() return n end return get "
+                "end g = make() end print(living())"),
+            "witness0");
+}
+
 TEST_F(ScopeLifetimeTest, LeavesNothingBehind) {
   run("var w = witness() func f() return w end var keep = [f] "
       "func make() var w = witness() var a = nil func get() return w end a = [get] return a end var g = make() make()");
