@@ -20,6 +20,17 @@ void Bindings::set(const String& name, Value value) {
   }
 }
 
+bool Bindings::remove(const String& name) {
+  const std::size_t hash = name.hash();
+  const Binding* const binding = mayHave(hash) ? findBinding(name, hash) : nullptr;
+  if (!binding) return false;
+  const auto place = bindings_.begin() + (binding - bindings_.data());
+  const Value doomed = std::move(place->value);  // what goes with it may look at this scope
+  bindings_.erase(place);
+  if (hasTable()) rebuildTable(table_.size());
+  return true;
+}
+
 void Bindings::removeAll() noexcept {
   // One by one, and whole in between: what goes with a value may look at this scope, or even add to it.
   while (!bindings_.empty()) {

@@ -58,6 +58,8 @@ class Bindings {
     append(name, value, hash);
     return true;
   }
+  /// False if the name isn't there. Those behind it move up.
+  bool remove(const String& name);
   bool contains(const String& name) const { return find(name) != nullptr; }
   /// Keeps the memory for the names to come.
   void clear() noexcept {

@@ -10,6 +10,8 @@ namespace [[gnu::visibility("default")]] velto {
 
 /// What is known of a resolved variable.
 struct Local {
+  static constexpr std::uint32_t nowhere = UINT32_MAX;  ///< for what can't be found without the checks
+
   Int depth;                        ///< how many links lie between the current scope and that of the variable
   mutable std::uint32_t place = 0;  ///< where among the names of its scope it was last found, which may have changed
 };

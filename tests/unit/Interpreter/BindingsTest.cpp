@@ -67,6 +67,24 @@ TEST(Bindings, AreWholeWhileTheyAreCleared) {
   EXPECT_EQ(names.find("late"), nullptr);
 }
 
+TEST(Bindings, LoseANameAndKeepTheOthers) {
+  Bindings names;
+  EXPECT_FALSE(names.remove("0"));
+  for (int index = 0; index < 20; ++index) names.set(decimal(index), index);
+  for (int index = 0; index < 20; index += 2) EXPECT_TRUE(names.remove(decimal(index)));
+  EXPECT_FALSE(names.remove("0"));
+  EXPECT_EQ(names.size(), 10u);
+  for (int index = 0; index < 20; ++index) {
+    const Value* const value = names.find(decimal(index));
+    ASSERT_EQ(value != nullptr, index % 2 == 1) << index;
+    if (value) {
+      EXPECT_EQ(*value, Value(index));
+    }
+  }
+  EXPECT_TRUE(names.add("0", 7));
+  EXPECT_EQ(names.bindings().back().name, "0");
+}
+
 TEST(Bindings, HaveNothingAtAPlaceBehindTheirEnd) {
   Bindings names;
   EXPECT_EQ(names.findAt(7, "a"), nullptr);

@@ -138,8 +138,7 @@ TEST_F(InterpreterTest, EvaluatesAnyExpressionThatIsCalled) {
     interpreter.interpret({ExpressionStatement{node}});
     return host.messages();
   };
-  EXPECT_THAT(call(token(TokenType::plus)),
-              ElementsAre("main:1:1...1:1: error: Can only call functions and classes."));
+  EXPECT_THAT(call(token(TokenType::plus)), ElementsAre("main:1:1...1:1: error: Can only call functions and classes."));
   EXPECT_THAT(call(token(TokenType::dot)), ElementsAre("main:1:1...1:1: error: Invalid binary operator."));
 }
 
@@ -307,6 +306,16 @@ TEST_F(InterpreterTest, ReportsExhaustionOnEveryRoadBackToItself) {
   }
 }
 
+TEST_F(InterpreterTest, EndsACallByAHostBeforeTheStackOfItsThread) {
+  interpret("func f() return f() end");
+  const Value function = *interpreter.globals().get("f");
+  const auto unused = [](const String&) { throw std::runtime_error("It is no native function."); };
+  test::onStack(test::smallStack,
+                [&] { EXPECT_THROW(function.callable()->call(interpreter, {}, unused), VeltoError); });
+  ASSERT_FALSE(host.logger->messages.empty());
+  EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
+}
+
 TEST_F(InterpreterTest, EndsAFileThatIncludesItselfTwice) {
   host.files->files["/base/twice"] = "(<% include \"twice\" %><% include \"twice\" %>)";
   host.files->files["/base/execute"] = "for i in 0..<2 execute(\"execute\") end";
@@ -462,6 +471,19 @@ TEST_F(InterpreterDeathTest, StopsAtNumbersThatAreNoIntegers) {
 
 TEST_F(InterpreterDeathTest, StopsWhenTheGlobalsArePopped) {
   EXPECT_DEATH(interpreter.popEnvironment(), "fatal: The outermost scope can't be popped.");
+}
+
+TEST_F(InterpreterDeathTest, StopsAtANegativeDepth) {
+  const Range range("t", 1, 1);
+  const Token name(TokenType::identifier, "a", range);
+  interpreter.globals().define("a", 1);
+  const Variable read{.range = range, .name = name};
+  const Assignment write{.range = range, .name = name, .value = Literal{.range = range, .value = 2}};
+  interpreter.locals.set(read.id, -1);
+  interpreter.locals.set(write.id, -1);
+  EXPECT_DEATH(interpreter.interpret({ExpressionStatement{read}}), "fatal: The depth of a variable can't be negative.");
+  EXPECT_DEATH(interpreter.interpret({ExpressionStatement{write}}),
+               "fatal: The depth of a variable can't be negative.");
 }
 
 TEST_F(InterpreterDeathTest, StopsAtALoopUpToTheLargestInteger) {
