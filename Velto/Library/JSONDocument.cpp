@@ -13,6 +13,7 @@
 #include "Velto/Library/JSONTexts.h"
 #include "Velto/Library/JSONTokens.h"
 #include "Velto/Platform/StackGuard.h"
+#include "Velto/Platform/Wrapping.h"
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
 
@@ -28,7 +29,7 @@ std::string_view withoutSpaceAtEnd(std::string_view token) {
 }
 
 /// Whether one of the eight bytes is `byte`.
-constexpr bool contains(std::uint64_t bytes, unsigned char byte) noexcept {
+VELTO_WRAPS constexpr bool contains(std::uint64_t bytes, unsigned char byte) noexcept {
   constexpr std::uint64_t ones = 0x0101'0101'0101'0101;
   const std::uint64_t different = bytes ^ (ones * byte);
   return ((different - ones) & ~different & (ones << 7)) != 0;

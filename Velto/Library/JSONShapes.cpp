@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "Velto/Platform/Wrapping.h"
+
 namespace velto {
 namespace {
 
@@ -46,7 +48,7 @@ Dictionary JSONShapes::take(std::span<Value> parts) {
   return dictionary;
 }
 
-std::size_t JSONShapes::hashOfKeys(std::span<const Value> parts) noexcept {
+VELTO_WRAPS std::size_t JSONShapes::hashOfKeys(std::span<const Value> parts) noexcept {
   std::size_t hash = parts.size();
   for (std::size_t index = 0; index < parts.size(); index += 2) {
     hash = (hash ^ parts[index].string()->hash()) * 0x9E3779B97F4A7C15u;

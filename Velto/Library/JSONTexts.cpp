@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "Velto/Platform/Wrapping.h"
+
 namespace velto {
 
 const String* JSONKeys::takeExpected(std::string_view rest) {
@@ -46,7 +48,7 @@ String JSONRecentTexts::shared(std::string_view text) {
 }
 
 /// By the size and both ends of the text, which tell most texts from one another.
-std::size_t JSONRecentTexts::slotOf(std::string_view text) noexcept {
+VELTO_WRAPS std::size_t JSONRecentTexts::slotOf(std::string_view text) noexcept {
   std::uint64_t start = 0;
   std::uint64_t end = 0;
   if (text.size() >= sizeof start) {

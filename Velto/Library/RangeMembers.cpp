@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "Velto/Library/EqualsMember.h"
+#include "Velto/Platform/Wrapping.h"
 #include "Velto/Value/IntegerRange.h"
 
 namespace velto {
@@ -9,7 +10,7 @@ namespace velto {
 namespace {
 
 /// `upper - lower`, which may be more than an `Int` holds.
-std::uint64_t distance(Int lower, Int upper) {
+VELTO_WRAPS std::uint64_t distance(Int lower, Int upper) {
   return static_cast<std::uint64_t>(upper) - static_cast<std::uint64_t>(lower);
 }
 

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "Velto/Forward.h"
+#include "Velto/Platform/Wrapping.h"
 
 namespace velto {
 
@@ -30,7 +31,7 @@ inline bool hasHighBit(ByteBlock block) noexcept {
 }
 
 /// The sum of the bytes, each of which must be below 16.
-inline Int sum(ByteBlock block) noexcept {
+VELTO_WRAPS inline Int sum(ByteBlock block) noexcept {
   std::uint64_t words[2];
   std::memcpy(words, &block, sizeof words);
   return static_cast<Int>((words[0] + words[1]) * 0x0101'0101'0101'0101 >> 56);

@@ -8,6 +8,7 @@
 #include <span>
 
 #include "Velto/Platform/Random.h"
+#include "Velto/Platform/Wrapping.h"
 
 namespace velto {
 
@@ -31,7 +32,7 @@ void seed(Sequences& sequences) {
 }
 
 /// The next of SplitMix64: steps by the golden ratio, scrambled so that each bit depends on all bits of the state.
-std::uint64_t next(std::uint64_t& state) noexcept {
+VELTO_WRAPS std::uint64_t next(std::uint64_t& state) noexcept {
   state += 0x9E37'79B9'7F4A'7C15;
   std::uint64_t bits = state;
   bits = (bits ^ bits >> 30) * 0xBF58'476D'1CE4'E5B9;
