@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "Velto/Platform/Wrapping.h"
 #include "Velto/Value/IntegerRange.h"
 #include "Velto/Value/Walk.h"
 
@@ -14,7 +15,7 @@ namespace velto {
 namespace {
 
 /// Each bit of the result depends on all bits of `hash`.
-std::uint64_t mixed(std::uint64_t hash) {
+VELTO_WRAPS std::uint64_t mixed(std::uint64_t hash) {
   hash = (hash ^ (hash >> 32)) * 0x9E3779B97F4A7C15u;
   hash = (hash ^ (hash >> 29)) * 0xBF58476D1CE4E5B9u;
   return hash ^ (hash >> 32);
@@ -25,7 +26,7 @@ bool equalsNothing(const Value& leaf) {
   return leaf.isObject() && !leaf.string() && !leaf.openRange() && !leaf.closedRange();
 }
 
-std::uint64_t leafHash(const Value& leaf) {
+VELTO_WRAPS std::uint64_t leafHash(const Value& leaf) {
   if (equalsNothing(leaf)) return unfindable;
   auto hash = static_cast<std::uint64_t>(leaf.hashValue());
   if (const CountableRange* range = leaf.openRange()) hash = mixed(hash) + static_cast<std::uint64_t>(range->lower);
@@ -58,7 +59,7 @@ class ContainerHash {
     std::uint64_t place;
   };
 
-  void addParts(const Container& container) {
+  VELTO_WRAPS void addParts(const Container& container) {
     if (const Array* array = container.value->array()) {
       std::uint64_t place = container.place;
       for (const Value& element : array->elements()) add(element, mixed(++place));
@@ -70,7 +71,7 @@ class ContainerHash {
     }
   }
 
-  void add(const Value& part, std::uint64_t place) {
+  VELTO_WRAPS void add(const Value& part, std::uint64_t place) {
     const std::uint64_t hash = shallowHash(part);
     if (hash == unfindable) isFindable_ = false;
     sum_ += mixed(hash ^ place);

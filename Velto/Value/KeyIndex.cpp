@@ -3,6 +3,7 @@
 
 #include <bit>
 
+#include "Velto/Platform/Wrapping.h"
 #include "Velto/Value/KeyHash.h"
 
 namespace velto {
@@ -23,7 +24,7 @@ void KeyIndex::add(std::uint64_t hash) {
 
 /// Spreads a hash over a table whose size is a power of two. The low bits of a hash needn't differ: those of whole
 /// numbers don't.
-std::size_t KeyIndex::firstSlot(std::uint64_t hash, std::size_t slots) noexcept {
+VELTO_WRAPS std::size_t KeyIndex::firstSlot(std::uint64_t hash, std::size_t slots) noexcept {
   return (hash * 0x9E3779B97F4A7C15u) >> (64 - std::countr_zero(slots));
 }
 

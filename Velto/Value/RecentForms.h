@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "Velto/Platform/Wrapping.h"
 #include "Velto/Value/StringMember.h"
 
 namespace velto {
@@ -31,7 +32,7 @@ class RecentForms {
   static constexpr std::size_t longest = 64;
   static constexpr std::size_t slots = 512;
 
-  static std::size_t slotOf(const String& text, StringForm form) noexcept {
+  VELTO_WRAPS static std::size_t slotOf(const String& text, StringForm form) noexcept {
     const auto place = reinterpret_cast<std::uintptr_t>(text.view().data()) / 16;
     const auto code = reinterpret_cast<std::uintptr_t>(form) / 16;
     return static_cast<std::size_t>((place ^ code * 31) * 0x9E37'79B9'7F4A'7C15u >> 32) % slots;
