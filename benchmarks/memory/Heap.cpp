@@ -17,11 +17,15 @@ std::size_t sizeOf(void* memory) noexcept {
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   void* const memory = std::malloc(size);
-  if (!memory) throw std::bad_alloc();
   held += sizeOf(memory);
   return memory;
+}
+
+void* operator new(std::size_t size) {
+  if (void* const memory = operator new(size, std::nothrow)) return memory;
+  throw std::bad_alloc();
 }
 
 void operator delete(void* memory) noexcept {

@@ -63,6 +63,7 @@ class Workload {
   Workload(const Url& folder, std::shared_ptr<FileSystem> files)
       : files_(std::move(files)), interpreter_(folder, logger_, files_, texts_), statements_(parse(folder)) {
     Resolver(interpreter_).resolve(statements_);
+    if (statements_.empty()) return;
     rendering_.push_back(statements_.back());
     statements_.pop_back();
     interpreter_.interpret(statements_);
