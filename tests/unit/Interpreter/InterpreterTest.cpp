@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <new>
 
 #include "Velto/Interpreter/IntegerConversion.h"
@@ -158,6 +159,56 @@ TEST_F(InterpreterTest, VisitsRunEveryKindOfStatement) {
   Interpreter other(Url("base"), host.logger, host.files);
   other.interpret(visited);
   EXPECT_EQ(host.output(), expected + expected);
+}
+
+TEST_F(InterpreterTest, TakesNoPieceUpToTheLargestInteger) {
+  interpreter.globals().define("all", makeRef<CountableClosedRange>(0, std::numeric_limits<Int>::max()));
+  interpret("print(\"text\"[all])");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:13...1:14: error: Range out of bounds."));
+}
+
+TEST_F(InterpreterTest, ComparesAnObjectWithoutEqualsToNilAlone) {
+  interpreter.globals().define("point", asObject(CGPoint{1, 2}));
+  interpret("print(\"\\(point == nil) \\(nil == point) \\(point != nil) \\(nil != point)\") point == 1");
+  EXPECT_EQ(host.output(), "false false true true");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:80...1:82: error: Objects must implement 'equals' function."));
+}
+
+TEST_F(InterpreterTest, LeavesScopesAloneThatAHostHoldsOrWatches) {
+  Ref<Environment> held;
+  WeakRef<Environment> watched;
+  interpreter.globals().define("hold", makeRef<Function0>("hold", [&] {
+                                 held = interpreter.stack()[2];
+                                 return Value::nil();
+                               }));
+  interpreter.globals().define("watch", makeRef<Function0>("watch", [&] {
+                                 watched = WeakRef<Environment>(interpreter.stack()[2].get());
+                                 return Value::nil();
+                               }));
+  interpret(
+      "var last = nil for i in 0..<300 func f() return i end last = f if i == 7 hold() end if i == 9 watch() end end");
+  EXPECT_THAT(host.messages(), testing::IsEmpty());
+  ASSERT_NE(held.get(), nullptr);
+  EXPECT_TRUE(held->values.contains("f"));
+  ASSERT_NE(watched.get(), nullptr);
+  EXPECT_TRUE(watched.get()->values.contains("f"));
+}
+
+TEST_F(InterpreterTest, RefusesTwoParametersOfOneName) {
+  const auto range = [](Int column) { return Range("main", 1, column); };
+  const auto parameter = [&](Int column) {
+    const Token name(TokenType::identifier, "a", range(column));
+    return FunctionParameter{.label = Token(TokenType::underscore, "_", range(column)), .name = name};
+  };
+  const FunctionDeclaration declaration{.range = range(1),
+                                        .name = Token(TokenType::identifier, "f", range(1)),
+                                        .parameters = {parameter(2), parameter(3)},
+                                        .body = {}};
+  interpreter.interpret({declaration});
+  interpret("f(1, 2)");
+  ASSERT_FALSE(host.messages().empty());
+  EXPECT_EQ(host.messages().front(), "main:1:3...1:3: error: Variable with this name already declared in this scope.");
+  EXPECT_EQ(interpreter.stack().size(), 1u);
 }
 
 TEST_F(InterpreterTest, FindsAVariableThatAHostHasMoved) {
@@ -507,8 +558,12 @@ TEST_F(InterpreterDeathTest, StopsAtARecordThatLeavesNoValue) {
     Range range;
     void accept(ExpressionVisitor&) const {}
   };
-  const Statements statements = {ExpressionStatement{Silent{.range = Range("t", 1, 1)}}};
-  EXPECT_DEATH(interpreter.interpret(statements), "fatal: Evaluation did not produce a value.");
+  const Range range("t", 1, 1);
+  const ExpressionStatement silent{Silent{.range = range}};
+  EXPECT_DEATH(interpreter.interpret({silent}), "fatal: Evaluation did not produce a value.");
+  const Expression number = Literal{.range = range, .value = 1};
+  interpreter.interpret({ExpressionStatement{VisitedExpression{.range = range, .original = number}}});
+  EXPECT_DEATH(interpreter.interpret({silent}), "fatal: Evaluation did not produce a value.");
 }
 
 }  // namespace

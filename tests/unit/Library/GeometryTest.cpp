@@ -47,6 +47,12 @@ TEST(Geometry, CoordinatesPrintAsFloatsOfTheHost) {
   EXPECT_EQ(rect().get("center")->description(), String("{-4.0, 12.25}"));
 }
 
+TEST(Geometry, AllIsZeroUnlessItIsGiven) {
+  EXPECT_EQ(CGPoint(), (CGPoint{0, 0}));
+  EXPECT_EQ(CGSize(), (CGSize{0, 0}));
+  EXPECT_EQ(CGRect(), (CGRect{{0, 0}, {0, 0}}));
+}
+
 TEST(Geometry, AsValuesTheyAreEqualToNothing) {
   for (const Value& value : {point(), size(), rect()}) EXPECT_NE(value, value);
 }
