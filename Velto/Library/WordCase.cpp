@@ -145,7 +145,7 @@ CharacterType characterType(Character character) {
     case unicode::ScalarClass::otherAlphanumeric:
       return CharacterType::other;
     case unicode::ScalarClass::none:
-      return CharacterType::invalid;
+      break;
   }
   return CharacterType::invalid;
 }

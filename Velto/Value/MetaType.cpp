@@ -43,7 +43,7 @@ std::optional<MetaType> MetaType::of(const Value& value) {
       return MetaType(value.string() ? String("String") : publicName(value.object()->typeName()));
     case Value::Case::uninitialized:
     case Value::Case::nil:
-      return std::nullopt;
+      break;
   }
   return std::nullopt;
 }

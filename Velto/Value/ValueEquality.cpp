@@ -92,7 +92,7 @@ bool operator==(const Value& left, const Value& right) {
     case Tag::closedRange:
       return areEqual(*left.closedRange(), *right.closedRange());
     case Tag::object:
-      return false;  // no notion of identity: not even with itself
+      break;  // no notion of identity: not even with itself
     case Tag::callable:
       return left.callable()->arity() == right.callable()->arity();
   }

@@ -71,9 +71,9 @@ Int Value::ownHash() const {
     case Tag::object:
       return Hash::object();
     case Tag::callable:
-      return Hash::callable();
+      break;
   }
-  return 0;
+  return Hash::callable();
 }
 
 Int Value::Hash::uninitialized() {
