@@ -71,11 +71,11 @@ void Parser::failTooDeep() {
   fail(place(), "Nesting is too deep.");
 }
 
-/// Where an error is reported: at the current token, behind the end at the last one.
+/// Where an error is reported: at the current token, behind the end at the last one. There is one of them, since
+/// nothing is parsed where no token is.
 Range Parser::place() const {
-  if (const Token* token = tokens_.current()) return token->range;
-  if (const Token* token = tokens_.previous()) return token->range;
-  return Range("", 1, 1);
+  const Token* token = tokens_.current();
+  return token ? token->range : previous().range;
 }
 
 /// For the two errors that have no place behind the end.
