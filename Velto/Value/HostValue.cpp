@@ -33,8 +33,7 @@ Value dictionaryFrom(const HostValue::Entries& entries) {
   return result;
 }
 
-// Both visitors are asked of what is neither an array nor a dictionary.
-
+/// Is asked of what is neither an array nor a dictionary.
 struct AsValue {
   template <typename T>
   std::optional<Value> operator()(const T& content) const {
@@ -57,7 +56,7 @@ struct Printed {
     if constexpr (std::constructible_from<Value, const T&>) {
       return Value(content).description();
     } else {
-      return {};
+      return velto::printed(content->contents, Form::debug);
     }
   }
 };
@@ -81,8 +80,6 @@ std::optional<Value> HostValue::asValue() const {
 }
 
 String HostValue::printed() const {
-  if (const Elements* elements = this->elements()) return velto::printed(*elements, Form::debug);
-  if (const Entries* entries = this->entries()) return velto::printed(*entries, Form::debug);
   return std::visit(Printed(), content_);
 }
 
