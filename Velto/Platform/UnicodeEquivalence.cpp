@@ -74,14 +74,11 @@ bool isInert(std::string_view text, std::size_t offset) {
   return decomposing().isInert(static_cast<UChar32>(utf8::decode(text, offset)));
 }
 
-/// The start of the scalar with the first difference.
+/// The start of the scalar with the first difference. It stands within a scalar in both texts or in neither.
 std::size_t firstDifference(std::string_view left, std::string_view right) noexcept {
   const auto [end, ignored] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
   std::size_t offset = static_cast<std::size_t>(end - left.begin());
-  const auto isInside = [&](std::string_view text) {
-    return offset < text.size() && utf8::isContinuation(text[offset]);
-  };
-  while (isInside(left) || isInside(right)) --offset;
+  while (offset < left.size() && utf8::isContinuation(left[offset])) --offset;
   return offset;
 }
 

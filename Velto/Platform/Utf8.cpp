@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::string_view replacement = "\uFFFD";
 
-/// What a lead byte asks for: how many bytes may follow, and what the first of them may be. The bounds keep out
-/// overlong forms, surrogates and what is above U+10FFFF.
+/// What a lead byte, which isn't ASCII, asks for: how many bytes may follow, and what the first of them may be. The
+/// bounds keep out overlong forms, surrogates and what is above U+10FFFF.
 struct Lead {
   int trail;
   unsigned char lowest = 0x80;
@@ -16,7 +16,6 @@ struct Lead {
 };
 
 constexpr Lead leadOf(unsigned char byte) noexcept {
-  if (byte < 0x80) return {0};
   if (byte < 0xC2) return {-1};
   if (byte < 0xE0) return {1};
   if (byte == 0xE0) return {2, 0xA0, 0xBF};
