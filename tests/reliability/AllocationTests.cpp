@@ -104,6 +104,8 @@ TEST(AStackGuard, ThatLackedMemoryIsNoMeasureForOthers) {
 TEST(FatalStopDeathTest, NeedsNoMemory) {
   const auto stop = [] {
     const std::string reason(100, 'x');
+    // What watches the end of a process may need some.
+    setFatalHook([](std::string_view) { AllocationFailure::end(); });
     const AllocationFailure failure(0, Failing::fromThenOn);
     fatalError(reason);
   };

@@ -46,6 +46,10 @@ AllocationFailure::AllocationFailure(std::size_t number, Failing failing) noexce
 }
 
 AllocationFailure::~AllocationFailure() {
+  end();
+}
+
+void AllocationFailure::end() noexcept {
   state.isArmed = false;
 }
 

@@ -19,6 +19,9 @@ class AllocationFailure {
   AllocationFailure(const AllocationFailure&) = delete;
   AllocationFailure& operator=(const AllocationFailure&) = delete;
 
+  /// From here on this thread gets what it asks for.
+  static void end() noexcept;
+
   /// Whether anything failed.
   bool hasStruck() const noexcept;
   /// How many allocations there were so far, if none has failed.
