@@ -4,8 +4,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <functional>
 #include <limits>
 #include <new>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "Velto/Interpreter/IntegerConversion.h"
 #include "tests/support/BareFileSystem.h"
@@ -21,11 +26,14 @@ using testing::ElementsAre;
 
 class InterpreterTest : public testing::Test {
  protected:
-  void interpret(const std::string& program) {
+  Statements parsed(const std::string& program) const {
     Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
     Unpacker unpacker(scanner.scanTokens(), host.logger);
-    Parser parser(unpacker.unpack(), host.logger);
-    lists.push_back(parser.parse());
+    return Parser(unpacker.unpack(), host.logger).parse();
+  }
+
+  void interpret(const std::string& program) {
+    lists.push_back(parsed(program));
     interpreter.interpret(lists.back());
   }
 
@@ -225,6 +233,114 @@ TEST_F(InterpreterTest, FindsAVariableThatAHostHasMoved) {
   interpret("if true var b = \"first\" for turn in 0..<4 move(turn) print(b) b = \"\\(b)+\" end end");
   FileSystem::flush();
   EXPECT_EQ(host.output(), "firstfirst+movedmoved+");
+}
+
+TEST_F(InterpreterTest, FindsALoopVariableThatAHostHasMoved) {
+  interpreter.globals().define("move", makeRef<Function0>("move", [&] {
+                                 Bindings& names = interpreter.stack().end()[-2]->values;
+                                 std::vector<std::pair<String, Value>> before = {{"other", 0}};
+                                 for (const Bindings::Binding& binding : names.bindings()) {
+                                   if (binding.name != "other") before.emplace_back(binding.name, binding.value);
+                                 }
+                                 names.clear();
+                                 for (const auto& [name, value] : before) names.set(name, value);
+                                 return Value::nil();
+                               }));
+  for (const char* sequence : {"0..<3", "3...5", "[6, 7]"}) {
+    interpret(std::string("for a in ") + sequence + " move() print(a) end");
+  }
+  interpret("for (a, b) in [\"k\": 1, \"l\": 2] move() print(a) print(b) end");
+  EXPECT_THAT(host.messages(), testing::IsEmpty());
+  EXPECT_EQ(host.output(), "01234567k1l2");
+}
+
+/// Under the name with that number of parameters at its end, one whose arguments all have the label `l`, and one
+/// without labels.
+template <std::size_t count>
+void defineNatives(Environment& globals) {
+  const typename NativeFunction<count>::Closure closure = [](const auto&...) { return Value::nil(); };
+  std::array<Label, count> labels;
+  labels.fill(Label("l"));
+  globals.define("labelledNative" + std::to_string(count), makeRef<NativeFunction<count>>("f", labels, closure));
+  globals.define("plainNative" + std::to_string(count), makeRef<NativeFunction<count>>("f", closure));
+}
+
+/// The pieces for so many numbers, with commas in between.
+std::string listed(std::size_t count, const std::function<std::string(std::size_t)>& piece) {
+  std::string all;
+  for (std::size_t index = 0; index < count; ++index) all += (index > 0 ? ", " : "") + piece(index);
+  return all;
+}
+
+TEST_F(InterpreterTest, ChecksTheLabelOfEachArgument) {
+  defineNatives<1>(interpreter.globals());
+  defineNatives<2>(interpreter.globals());
+  defineNatives<3>(interpreter.globals());
+  defineNatives<4>(interpreter.globals());
+  for (std::size_t count = 1; count <= 4; ++count) {
+    const std::string number = std::to_string(count);
+    const auto parameter = [](std::size_t index) { return " a" + std::to_string(index); };
+    interpret("func labelled" + number + "(" + listed(count, [&](std::size_t i) { return "l" + parameter(i); }) +
+              ") end func plain" + number + "(" + listed(count, [&](std::size_t i) { return "_" + parameter(i); }) +
+              ") end");
+    for (const bool isNative : {false, true}) {
+      for (const bool isLabelled : {false, true}) {
+        for (std::size_t wrong = 0; wrong <= count; ++wrong) {
+          const std::string name = std::string(isLabelled ? "labelled" : "plain") + (isNative ? "Native" : "") + number;
+          const std::string call =
+              name + "(" + listed(count, [&](std::size_t i) { return isLabelled == (i != wrong) ? "l: 1" : "1"; }) +
+              ")";
+          host.logger->messages.clear();
+          interpret(call);
+          if (wrong == count) {
+            EXPECT_THAT(host.messages(), testing::IsEmpty()) << call;
+          } else {
+            ASSERT_EQ(host.logger->messages.size(), 1u) << call;
+            EXPECT_EQ(host.logger->messages[0].message,
+                      isLabelled ? "Expected argument label 'l'." : "Expected argument label ''.");
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST_F(InterpreterTest, AsksTheConditionOfWhateverBranchHasOne) {
+  const Range range("main", 1, 1);
+  const auto condition = [&](const Value& value) { return Expression(Literal{.range = range, .value = value}); };
+  const auto outcome = [&](std::optional<Expression> first, std::optional<Expression> second,
+                           std::optional<Expression> last) {
+    If node(range, condition(true), parsed("print(1)"));
+    node.mainBranch.condition = std::move(first);
+    node.elseIfBranches = {{std::move(second), parsed("print(2)")}};
+    node.elseBranch = IfBranch{std::move(last), parsed("print(3)")};
+    host.files->files["<1>"].clear();
+    host.logger->messages.clear();
+    interpreter.interpret({node});
+    return host.output() + (host.messages().empty() ? "" : "!");
+  };
+  const Expression yes = condition(true);
+  const Expression no = condition(false);
+  const Expression odd = condition(5);
+  EXPECT_EQ(outcome(std::nullopt, no, no), "1");
+  EXPECT_EQ(outcome(odd, yes, yes), "!");
+  EXPECT_EQ(outcome(no, std::nullopt, no), "2");
+  EXPECT_EQ(outcome(no, odd, yes), "!");
+  EXPECT_EQ(outcome(no, no, no), "");
+  EXPECT_EQ(outcome(no, no, yes), "3");
+  EXPECT_EQ(outcome(no, no, std::nullopt), "3");
+  EXPECT_EQ(outcome(no, no, odd), "!");
+}
+
+TEST_F(InterpreterTest, LetsGoOfTheScopesThatAHostHasLeftOnIt) {
+  const auto scope = makeRef<Environment>(host.logger);
+  {
+    Interpreter another;
+    another.pushEnvironment(scope);
+    EXPECT_EQ(another.pushEnvironment(nullptr).enclosing(), scope.get());
+    EXPECT_EQ(scope->holderCount(), 2u);
+  }
+  EXPECT_EQ(scope->holderCount(), 1u);
 }
 
 TEST_F(InterpreterTest, IsBareAtTheStart) {
