@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -249,6 +251,20 @@ TEST(BufferingDeathTest, ObjectsThatOutliveTheBufferCanWrite) {
     std::exit(0);
   };
   EXPECT_EXIT(writeLate(), testing::ExitedWithCode(0), "^early late$");
+}
+
+TEST(BufferingDeathTest, WithoutARoomForItsEndABufferIsRefused) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";  // a process in which nothing has been written yet
+  const auto writeWithoutKeys = [] {
+    pthread_key_t key;
+    while (::pthread_key_create(&key, nullptr) == 0) continue;
+    try {
+      FileSystem::local()->descriptor(STDERR_FILENO + 100)->write("lost");
+    } catch (const std::bad_alloc&) {
+      std::exit(3);
+    }
+  };
+  EXPECT_EXIT(writeWithoutKeys(), testing::ExitedWithCode(3), "^$");
 }
 
 /// A fresh folder of this machine, gone after the test.

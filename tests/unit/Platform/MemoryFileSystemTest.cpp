@@ -102,6 +102,7 @@ TEST_F(MemoryFileSystemTest, RefusesToOverwriteAndToCopyIntoItself) {
   EXPECT_FALSE(files.copy(Url("a/one"), Url("b")));
   EXPECT_FALSE(files.copy(Url("b"), Url("a")));
   EXPECT_FALSE(files.copy(Url("a"), Url("a/c")));
+  EXPECT_FALSE(files.copy(Url("/"), Url("c")));
   EXPECT_FALSE(files.copy(Url("missing"), Url("c")));
   EXPECT_FALSE(files.copy(Url("b"), Url("missing/c")));
   EXPECT_EQ(files.files["/b"], "2");

@@ -124,6 +124,13 @@ TEST(Searches, OfASCIIGoByBytes) {
   EXPECT_FALSE(contains("", "a"));
 }
 
+TEST(Searches, OfOtherTextInASCII) {
+  EXPECT_FALSE(hasPrefix("e", "\u00E9"));
+  EXPECT_FALSE(hasSuffix("e", "\u00E9"));
+  EXPECT_TRUE(hasPrefix("K", "\u212A"));
+  EXPECT_TRUE(hasSuffix("K", "\u212A"));
+}
+
 TEST(Searches, OfAnEmptyText) {
   for (const String text : {"", "ab", "\u00E9"}) {
     EXPECT_TRUE(hasPrefix(text, ""));

@@ -103,6 +103,31 @@ TEST(Dictionary, NaNIsInsertedEachTimeAndNeverFound) {
   }
 }
 
+TEST(Dictionary, WhatHoldsNaNIsInsertedEachTimeToo) {
+  for (const int count : {3, 100}) {
+    Dictionary dictionary;
+    for (int index = 0; index < count; ++index) {
+      dictionary.set(Value::arrayLiteral({index, nan, Value::arrayLiteral({1})}), index);
+      dictionary.set(Value::dictionaryLiteral({{"a", Value::arrayLiteral({nan})}}), index);
+    }
+    EXPECT_EQ(dictionary.size(), static_cast<std::size_t>(2 * count));
+    EXPECT_FALSE(dictionary.find(Value::arrayLiteral({0, nan, Value::arrayLiteral({1})})));
+  }
+}
+
+TEST(Dictionary, RoomForFewerThanThereIsRoomForChangesNothing) {
+  Dictionary dictionary;
+  for (const std::size_t count : {100u, 50u, 0u}) dictionary.reserve(count);
+  for (int index = 0; index < 100; ++index) dictionary.set(index, -index);
+  for (int index = 0; index < 100; ++index) EXPECT_EQ(*dictionary.find(index), Value(-index));
+}
+
+TEST(Dictionary, AnEmptyOneHasNoCounterpart) {
+  Dictionary other;
+  other.set("a", 1);
+  EXPECT_FALSE(Dictionary().counterpart(other, 0));
+}
+
 /// The same operations on a dictionary and on a list that is searched from its start.
 void compareWithList(int distinctKeys, int operations, bool reserves) {
   std::mt19937 generator(7);

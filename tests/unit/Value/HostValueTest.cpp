@@ -172,6 +172,7 @@ TEST(HostValuePrinting, IsThatOfTheHost) {
       {std::vector<int>(), "[]"},
       {std::map<std::string, double>{{"a", 1}}, "[\"a\": 1.0]"},
       {std::map<std::string, int>(), "[:]"},
+      {std::vector<std::map<std::string, int>>{{{"a", 1}}, {}}, "[[\"a\": 1], [:]]"},
       {std::vector<Strings>{{"a\"\\\n\r\t"}}, "[[\"a\\\"\\\\\\n\\r\\t\"]]"},
   };
   for (const Row& row : rows) EXPECT_EQ(row.host.printed(), String(row.printed));

@@ -85,12 +85,18 @@ TEST(MetaType, IsEqualAndHashesByItsName) {
 
 struct Local {};
 
+auto operator>(Local, Local) {
+  struct Greater {};
+  return Greater();
+}
+
 TEST(TypeName, HasNeitherNamespacesNorEnclosingClasses) {
   struct Inner {};
   EXPECT_EQ(printedTypeName(typeid(String)), String("String"));
   EXPECT_EQ(printedTypeName(typeid(shop::Person)), String("Person"));
   EXPECT_EQ(printedTypeName(typeid(Local)), String("Local"));
   EXPECT_EQ(printedTypeName(typeid(Inner)), String("Inner"));
+  EXPECT_EQ(printedTypeName(typeid(Local() > Local())), String("Greater"));
   EXPECT_EQ(printedTypeName(typeid(HostValue::Unknown)), String("Unknown"));
   EXPECT_EQ(printedTypeName(typeid(unsigned long)), String("unsigned long"));
 }

@@ -99,6 +99,23 @@ TEST(HostObject, AReferenceToItselfPrintsAsItsType) {
   node->next = nullptr;
 }
 
+TEST(HostObject, ARecordAtTheStartOfAnotherIsAnotherOne) {
+  struct Inner {
+    int number = 1;
+  };
+  struct Outer {
+    Inner inner;
+  };
+  const auto outer = std::make_shared<Outer>();
+  const Properties<Inner> ofInner = {{"number", &Inner::number}};
+  const auto inner = [&](const Outer& record) {
+    const std::shared_ptr<const Inner> shared(outer, &record.inner);
+    return Ref<const Object>(makeRef<HostObject<Inner>>(shared, ofInner));
+  };
+  const auto object = makeRef<HostObject<Outer>>(outer, Properties<Outer>{{"inner", inner}});
+  EXPECT_EQ(object->objectDescription(), String("Outer(inner: Inner(number: 1))"));
+}
+
 TEST(HostObject, ALongChainOfRecordsPrintsAsFarAsTheStackGoes) {
   std::shared_ptr<shop::Node> first;
   for (int count = 0; count < 10'000; ++count) first = std::make_shared<shop::Node>(shop::Node{"a", first});
