@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
+#include <new>
+#include <typeinfo>
 
 #include "tests/support/TestHost.h"
 
@@ -226,6 +229,29 @@ TEST(Resolver, PassesACaseByThatStandsInNoSwitch) {
   interpreter.interpret(statements);
   EXPECT_FALSE(resolver.hadError() || interpreter.hadError);
   EXPECT_EQ(interpreter.globals().get(String("a")), std::nullopt);
+}
+
+/// Throws at every message.
+template <typename Thrown>
+struct ThrowingLogger final : Logger {
+  using Logger::report;
+  void report(const Message&) override { throw Thrown(); }
+};
+
+template <typename Thrown>
+void reportDuplicates() {
+  const auto logger = std::make_shared<ThrowingLogger<Thrown>>();
+  const test::TestHost host;
+  Interpreter interpreter(std::nullopt, logger, host.files);
+  const Token name(TokenType::identifier, "a", Range("main", 1, 1));
+  const VariableDeclaration declaration{.range = name.range, .name = name};
+  Resolver(interpreter).resolve({declaration, declaration});
+}
+
+TEST(ResolverDeathTest, StopsAtAnythingElseThatALoggerThrows) {
+  EXPECT_THROW(reportDuplicates<std::bad_alloc>(), std::bad_alloc);
+  EXPECT_DEATH(reportDuplicates<std::bad_cast>(), "fatal: Unknown exception std::bad_cast");
+  EXPECT_DEATH(reportDuplicates<int>(), "fatal: Unknown exception of a foreign type");
 }
 
 }  // namespace
