@@ -41,8 +41,8 @@ Character ScannableString::advanceByRules() {
 
 void ScannableString::skipBlanks() noexcept {
   const std::string_view text = string;
-  for (; index < text.size(); ++index) {
-    const bool isAlone = index + 1 == text.size() || utf8::isASCII(text[index + 1]);
+  for (; index + 1 < text.size(); ++index) {
+    const bool isAlone = utf8::isASCII(text[index + 1]);
     if (text[index] == '\n') {
       ++line;
       column = 1;

@@ -47,7 +47,7 @@ class ScannableString : public Scannable<ScannableString, Character> {
   /// must hold for ASCII without line ends at most.
   template <typename IsWanted>
   std::string_view skipPlain(const IsWanted& isWanted) noexcept;
-  /// Moves over blanks, tabs and line feeds, up to one that may be of more than a byte.
+  /// Moves over blanks, tabs and line feeds, up to one that may be of more than a byte, or is the last character.
   void skipBlanks() noexcept;
 
   /// Whether the rest begins with these characters, which must be visible ones of ASCII without a second spelling in

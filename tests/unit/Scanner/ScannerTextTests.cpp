@@ -119,6 +119,16 @@ TEST(Scanner, StartsWithDefaults) {
   EXPECT_EQ(scanner.range(), Range("<>", 1, 1));
 }
 
+TEST(Scanner, EndsWithTheStepOfItsLastBlank) {
+  for (const auto& [text, range] :
+       {std::pair("x  ", Range("a", 1, 3, 1, 4)), std::pair("x \n", Range("a", 1, 3, 2, 1)),
+        std::pair("x\n\t", Range("a", 2, 1, 2, 2)), std::pair(" ", Range("a", 1, 1, 1, 2))}) {
+    Scanner scanner(text, Scanner::Mode::program, std::make_shared<ArrayLogger>(), "a");
+    scanner.scanTokens();
+    EXPECT_EQ(scanner.range(), range) << text;
+  }
+}
+
 TEST(Scanner, TellsWhereItStands) {
   const auto logger = std::make_shared<ArrayLogger>();
   Scanner scanner("a\nbc d#", Scanner::Mode::program, logger, "b.txt");
