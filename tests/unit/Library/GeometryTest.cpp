@@ -39,6 +39,16 @@ TEST(Geometry, ARectangleHasItsFieldsItsCenterAndItsExtent) {
   for (const char* name : {"x", "y", "minX", "equals", ""}) EXPECT_FALSE(rect().get(name)) << name;
 }
 
+TEST(Geometry, ARectangleOfNegativeSizeHasAPositiveExtentAndItsCenterWhereItLies) {
+  const Value negative = asObject(CGRect{{1, 2}, {-10, -20.5}});
+  EXPECT_EQ(negative.get("size")->get("width"), Value(-10));
+  EXPECT_EQ(negative.get("size")->get("height"), Value(-20.5));
+  EXPECT_EQ(negative.get("width"), Value(10));
+  EXPECT_EQ(negative.get("height"), Value(20.5));
+  EXPECT_EQ(negative.get("center")->get("x"), Value(-4));
+  EXPECT_EQ(negative.get("center")->get("y"), Value(-8.25));
+}
+
 TEST(Geometry, CoordinatesPrintAsFloatsOfTheHost) {
   EXPECT_EQ(point().description(), String("{1.0, 0.5}"));
   EXPECT_EQ(point().get("x")->description(), String("1"));
