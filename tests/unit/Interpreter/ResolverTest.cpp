@@ -202,6 +202,26 @@ TEST(Resolver, LetsATupleTakeTheLastNameFound) {
   EXPECT_EQ(interpreter.locals.find(tuple.id())->depth, 1);
 }
 
+TEST(Resolver, LeavesAnEntryAsItWasWhereItFindsNoScope) {
+  const test::TestHost host;
+  Interpreter interpreter(std::nullopt, host.logger, host.files);
+  const Range range("t", 1, 1);
+  const Token name(TokenType::identifier, "a", range);
+  const Expression variable = Variable{.range = range, .name = name};
+  const Statement declaration = VariableDeclaration{.range = range, .name = name};
+  const Statement read = ExpressionStatement{variable};
+  const auto depthIn = [&](const Statements& surroundings) -> std::optional<Int> {
+    Resolver(interpreter).resolve(surroundings);
+    const Local* const entry = interpreter.locals.find(variable.id());
+    return entry ? std::optional(entry->depth) : std::nullopt;
+  };
+  EXPECT_EQ(depthIn({read}), std::nullopt);
+  EXPECT_EQ(depthIn({declaration, If(range, Literal{.range = range, .value = true}, {read})}), 1);
+  EXPECT_EQ(depthIn({read}), 1);
+  EXPECT_EQ(depthIn({declaration, read}), 0);
+  EXPECT_EQ(depthIn({read}), 0);
+}
+
 TEST(Resolver, LosesTheScopeOfAnError) {
   test::TestHost host;
   Interpreter interpreter(std::nullopt, host.logger, host.files);
