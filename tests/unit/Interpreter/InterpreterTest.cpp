@@ -54,6 +54,42 @@ TEST_F(InterpreterTest, LoadsTheBuiltInLibrariesInOrder) {
   }
 }
 
+TEST_F(InterpreterTest, DefinesTheBuiltInFunctionsInTheOrderOfTheirTables) {
+  std::vector<std::string> names;
+  for (const Bindings::Binding& binding : interpreter.globals().values.bindings()) names.emplace_back(binding.name);
+  EXPECT_THAT(names, ElementsAre("loadJSON", "print", "execute", "process", "makeUUID", "copy", "mkdir"));
+}
+
+TEST_F(InterpreterTest, LibrariesReplaceWhatHasTheNamesOfTheirFunctions) {
+  for (const char* name : {"print", "execute", "process", "makeUUID", "copy", "mkdir", "loadJSON"}) {
+    interpreter.globals().values.set(name, "taken");
+  }
+  interpreter.load(std::make_shared<VeltoLibrary>());
+  interpreter.load(std::make_shared<OSLibrary>());
+  interpreter.load(std::make_shared<JSONLibrary>());
+  for (const char* name : {"print", "execute", "process", "makeUUID", "copy", "mkdir", "loadJSON"}) {
+    ASSERT_TRUE(interpreter.globals().values.find(name)->callable()) << name;
+    EXPECT_EQ(interpreter.globals().values.find(name)->callable()->name(), name);
+  }
+  EXPECT_TRUE(host.logger->messages.empty());
+  EXPECT_FALSE(interpreter.hadError);
+}
+
+TEST_F(InterpreterTest, ALibraryIsTheLastOfTheLibrariesWhenItIsLoaded) {
+  struct Looking final : Library {
+    void load(Interpreter& interpreter) override {
+      count = interpreter.libraries().size();
+      isLast = interpreter.libraries().back().get() == this;
+    }
+    std::size_t count = 0;
+    bool isLast = false;
+  };
+  const auto library = std::make_shared<Looking>();
+  interpreter.load(library);
+  EXPECT_EQ(library->count, 4u);
+  EXPECT_TRUE(library->isLast);
+}
+
 TEST_F(InterpreterTest, GivesTheLabelsOfTheBuiltInFunctions) {
   const auto describe = [&](const char* name) {
     return interpreter.globals().get(name)->callable()->describe(std::vector<Value>{"x", "y"});
