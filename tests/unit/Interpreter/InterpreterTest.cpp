@@ -638,6 +638,37 @@ TEST_F(InterpreterTest, VisitsATupleLikeAnArrayOfVariables) {
   EXPECT_THAT(host.messages(), ElementsAre("t:1:1...1:1: error: Uninitialized variable 'c'."));
 }
 
+TEST_F(InterpreterTest, TakesAnUninitializedValueOfAHostAsAnyOther) {
+  const auto uninitialized = makeRef<Function0>("nothing", []() -> Value { return Value::uninitialized(); });
+  interpreter.globals().define("nothing", uninitialized);
+  host.files->files["/base/page"] = "<%= nothing() %>, <%= nil %>, <%= [nothing(), nil] %>, <%= [1: nothing()] %>";
+  std::string output;
+  interpreter.print = [&](const String& text) { output.append(text.view()); };
+  interpret("include \"page\" print(\", \\(nothing() is Number) \\(nil is Number)\")");
+  EXPECT_EQ(output, "<uninitialized>, nil, [<uninitialized>, nil], [1: <uninitialized>], false false");
+  EXPECT_THAT(host.messages(), testing::IsEmpty());
+}
+
+TEST_F(InterpreterTest, TakesAContainerOfAHostForNoSequence) {
+  interpreter.globals().define("list", makeRef<Function0>("list", []() -> Value {
+                                 return makeRef<HostArray>(std::vector<HostValue>{"a", "b"});
+                               }));
+  interpreter.globals().define("ages", makeRef<Function0>("ages", []() -> Value {
+                                 return makeRef<HostDictionary>(std::vector<HostDictionary::Entry>{{"a", 1}});
+                               }));
+  interpret("print(list().count) print(ages().count)");
+  EXPECT_EQ(host.output(), "21");
+  interpret("list()[0]");
+  interpret("ages()[\"a\"]");
+  interpret("for x in list() print(x) end");
+  interpret("for (k, v) in ages() print(k) end");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:7...1:8: error: Can only subscript arrays, dictionaries or strings.",
+                                           "main:1:7...1:8: error: Can only subscript arrays, dictionaries or strings.",
+                                           "main:1:10...1:16: error: For loop needs a sequence.",
+                                           "main:1:15...1:21: error: For loop needs a sequence."));
+  EXPECT_EQ(host.output(), "21");
+}
+
 TEST_F(InterpreterTest, RefusesOperatorsThatTheParserNeverMakes) {
   const Range range("t", 1, 1);
   const Expression one = Literal{.range = range, .value = 1};
