@@ -541,6 +541,45 @@ TEST_F(InterpreterTest, GoesOnBehindAFileInWhichAFunctionCallsItself) {
   EXPECT_EQ(host.logger->messages.at(0).message, "Stack exhausted.");
 }
 
+TEST_F(InterpreterTest, GoesOnBehindAFileThatExhaustsTheStackUnlessManyListsRunInsideOneAnother) {
+  const auto printedBehind = [&](int files) {
+    for (int file = 1; file < files; ++file) {
+      const std::string next = std::to_string(file + 1);
+      host.files->files["/base/" + std::to_string(file)] = "<% include \"" + next + "\" print(\"<" + next + "\") %>";
+    }
+    host.files->files["/base/" + std::to_string(files)] = "<% func f() f() end f() print(\"not reached\") %>";
+    std::string printed;
+    Interpreter another(Url("base"), host.logger, host.files);
+    another.print = [&](const String& text) { printed += text.view(); };
+    Scanner scanner("include \"1\" print(\"<1\")", Scanner::Mode::program, host.logger, "main");
+    another.interpret(Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse());
+    EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
+    EXPECT_TRUE(another.hadError);
+    return printed;
+  };
+  EXPECT_EQ(printedBehind(3), "<3<2<1");
+  EXPECT_EQ(printedBehind(15), "<15<14<13<12<11<10<9<8<7<6<5<4<3<2<1");
+  EXPECT_EQ(printedBehind(16), "");
+}
+
+TEST_F(InterpreterTest, LetsAFailurePassToTheOutermostOfManyLists) {
+  // A native function runs a list of its own, which calls it again.
+  int passed = 0;
+  interpreter.globals().define("again", makeRef<Function0>("again", [&]() -> Value {
+                                 try {
+                                   interpreter.interpret(lists.back());
+                                 } catch (const VeltoError&) {
+                                   ++passed;
+                                   throw;
+                                 }
+                                 return nullptr;
+                               }));
+  interpret("again()");
+  EXPECT_GT(passed, 16);
+  EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
+  EXPECT_TRUE(interpreter.hadError);
+}
+
 TEST_F(InterpreterTest, IsGoodForTheThreadThatRuns) {
   onStack(512 * 1024, [&] { interpret("func f(_ n) if n > 0 f(n - 1) end end f(20) print(1 + 1)"); });
   FileSystem::flush();
