@@ -54,7 +54,7 @@ Value::Value(Ref<const CountableRange> range) noexcept : Value(Tag::openRange, s
 Value::Value(Ref<const CountableClosedRange> range) noexcept : Value(Tag::closedRange, std::move(range)) {
 }
 
-Value::Value(Ref<const Object> object) noexcept : Value(Tag::object, normalized(std::move(object))) {
+Value::Value(Ref<const Object> object) : Value(Tag::object, normalized(std::move(object))) {
   const Object* held = this->object();
   if (dynamic_cast<const Array*>(held)) tag_ = Tag::array;
   if (dynamic_cast<const Dictionary*>(held)) tag_ = Tag::dictionary;

@@ -61,11 +61,11 @@ class Value {
   Value(Dictionary dictionary);
   Value(Ref<const CountableRange> range) noexcept;
   Value(Ref<const CountableClosedRange> range) noexcept;
-  /// Any object; one of the kinds above is recognised.
-  Value(Ref<const Object> object) noexcept;
+  /// Any object; one of the kinds above is recognised. It asks for memory if this is an empty container of the host's.
+  Value(Ref<const Object> object);
   Value(Ref<const Callable> callable) noexcept;
   template <KindOf<Object> T>
-  Value(const Ref<T>& object) noexcept : Value(Ref<const Recognised<T>>(object)) {}
+  Value(const Ref<T>& object) : Value(Ref<const Recognised<T>>(object)) {}
   template <KindOf<Callable> T>
   Value(const Ref<T>& callable) noexcept : Value(Ref<const Callable>(callable)) {}
 
