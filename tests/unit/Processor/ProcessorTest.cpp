@@ -87,6 +87,41 @@ TEST(Processor, LetsALibraryReplaceAGlobal) {
   EXPECT_EQ(host.output(), "of the library");
 }
 
+TEST(Processor, LoadsLibrariesInTheirOrder) {
+  struct Naming final : Library {
+    explicit Naming(const char* name) : name(name) {}
+    void load(Interpreter& interpreter) override { interpreter.globals().define("name", name); }
+    const char* name;
+  };
+  TestHost host;
+  host.processor.libraries = {std::make_shared<Naming>("first"), std::make_shared<Naming>("second")};
+  host.run("print(name)");
+  EXPECT_EQ(host.output(), "second");
+  host.processor.libraries.pop_back();
+  host.run("print(name)");
+  EXPECT_EQ(host.output(), "secondfirst");
+}
+
+TEST(Processor, TellsOfTheProgramBeforeTheGlobals) {
+  TestHost host;
+  host.processor.globals["bad"] = *HostValue(std::vector<std::string>{"a"}).asValue();
+  host.run("return");
+  EXPECT_THAT(host.messages(), ElementsAre("main.velto:1:1...1:7: error: Cannot return from outside a function.",
+                                           ":0:0...0:0: error: Global variable 'bad' was assigned an invalid value."));
+}
+
+TEST(Processor, TakesTheGlobalsAnewInEachCall) {
+  TestHost host;
+  host.processor.globals["a"] = 1;
+  host.run("print(a)");
+  host.processor.globals["a"] = 2;
+  host.run("print(a)");
+  host.processor.globals.clear();
+  host.run("print(a)");
+  EXPECT_EQ(host.output(), "12");
+  EXPECT_THAT(host.messages(), ElementsAre("main.velto:1:7...1:8: error: Undefined variable 'a'."));
+}
+
 TEST(Processor, KeepsNothingBetweenTwoCalls) {
   TestHost host;
   host.run("var a = 1").run("print(a)");

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,17 @@ TEST(ScannableArray, OfNoElementsHasNone) {
   EXPECT_EQ(none.current(), nullptr);
   EXPECT_EQ(none.next(), nullptr);
   EXPECT_EQ(none.previous(), nullptr);
+}
+
+TEST(ScannableArray, TakesTheElementsOfAnyCollection) {
+  const std::set<int> collection = {3, 1, 2};
+  ScannableArray<int> numbers(collection);
+  EXPECT_EQ(numbers.advance(), 1);
+  numbers.index = 3;
+  EXPECT_TRUE(numbers.isAtEnd());
+  numbers.index = 7;
+  EXPECT_TRUE(numbers.isAtEnd());
+  EXPECT_EQ(numbers.current(), nullptr);
 }
 
 TEST(ScannableArray, LooksAroundTheCursor) {
