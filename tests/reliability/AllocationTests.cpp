@@ -126,6 +126,28 @@ TEST(DeepValues, AreDroppedWithoutMemory) {
   });
 }
 
+/// Whether a value of `object` couldn't be made without memory.
+bool lacksMemoryAsAValue(const Ref<const Object>& object) {
+  const AllocationFailure failure(0, Failing::fromThenOn);
+  try {
+    const Value value = object;
+    return false;
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
+}
+
+TEST(AnEmptyContainerOfAHost, TellsOfALackOfMemory) {
+  const Ref<const Object> array = makeRef<const HostArray>(std::vector<HostValue>());
+  const Ref<const Object> dictionary = makeRef<const HostDictionary>(std::vector<HostDictionary::Entry>());
+  const std::ptrdiff_t liveBefore = liveBlocks();
+  EXPECT_TRUE(lacksMemoryAsAValue(array));
+  EXPECT_TRUE(lacksMemoryAsAValue(dictionary));
+  EXPECT_EQ(liveBlocks(), liveBefore);
+  EXPECT_TRUE(Value(array).array());
+  EXPECT_TRUE(Value(dictionary).dictionary());
+}
+
 /// An interpreter of a host's that prints into a text.
 class Host {
  public:
@@ -148,14 +170,16 @@ class Host {
   String printed;
 };
 
-/// Whether the allocation `number` of `statements` was one that failed.
-bool failsAt(Host& host, const Statements& statements, std::size_t number, Failing failing) {
+/// What has come of statements in which an allocation was to fail.
+enum class End { reached, outOfMemory, failureSwallowed };
+
+End endOf(Host& host, const Statements& statements, std::size_t number, Failing failing) {
   const AllocationFailure failure(number, failing);
   try {
     host.interpreter.interpret(statements);
-    return false;
+    return failure.hasStruck() ? End::failureSwallowed : End::reached;
   } catch (const std::bad_alloc&) {
-    return true;
+    return End::outOfMemory;
   }
 }
 
@@ -167,9 +191,13 @@ TEST_P(EachAllocationOfAnInterpreter, LeavesItUsable) {
     Host host;
     const Statements statements = host.parsed(smallProject().at("main.velto"));
     const Statements more = host.parsed("print(\"!\") process(\"footer.txt\", into: \"again\")");
-    const bool hasFailed = failsAt(host, statements, number, GetParam());
-    if (!hasFailed && !host.interpreter.hadError && host.printed == expectedOutput()) break;
-    ASSERT_TRUE(hasFailed) << number;
+    const End end = endOf(host, statements, number, GetParam());
+    if (end == End::reached) {
+      EXPECT_FALSE(host.interpreter.hadError);
+      EXPECT_EQ(host.printed, expectedOutput());
+      break;
+    }
+    ASSERT_EQ(end, End::outOfMemory) << number;
     EXPECT_TRUE(host.interpreter.hadError) << number;
     EXPECT_EQ(host.interpreter.stack().size(), 1u) << number;
     host.printed = "";
