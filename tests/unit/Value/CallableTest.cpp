@@ -100,6 +100,7 @@ TEST(Equals, NamesTheSideThatIsOfAnotherType) {
   EXPECT_EQ(failureOf(equals, {"a", 1}), String("Right-hand side is not 'String'."));
   EXPECT_EQ(failureOf(equals, {true, "a"}), String("Left-hand side is not 'String'."));
   EXPECT_EQ(failureOf(Equals<shop::Person>(), {"a", "b"}), String("Left-hand side is not 'Person'."));
+  EXPECT_EQ(failureOf(Equals<shop::Box<int>>(), {"a", "b"}), String("Left-hand side is not 'Box<int>'."));
 }
 
 TEST(Equals, ComparesByTheTypesOwnEquality) {

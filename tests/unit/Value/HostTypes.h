@@ -89,6 +89,8 @@ class Account {
 template <typename T>
 struct Box {
   T content;
+
+  friend bool operator==(const Box&, const Box&) = default;
 };
 
 /// Neither described nor an object.
