@@ -1,9 +1,13 @@
 // When values are equal, and that their hashes agree.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cstdlib>
+#include <iostream>
 #include <limits>
 #include <set>
+#include <string>
 #include <vector>
 
 #include "Velto/Platform/Random.h"
@@ -17,6 +21,12 @@
 
 namespace velto {
 namespace {
+
+using testing::AllOf;
+using testing::AllOfArray;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::Not;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr Int largest = std::numeric_limits<Int>::max();
@@ -148,16 +158,28 @@ TEST(ValueHash, AClosedRangeHashesLikeTheHalfOpenOneOverTheSameIntegers) {
   EXPECT_EQ(closed(0, 2).hashValue(), open(0, 3).hashValue());
 }
 
+std::vector<Int> salts() {
+  using Hash = Value::Hash;
+  return {Hash::uninitialized(), Hash::nil(),   Hash::boolean(),    Hash::number(), Hash::string(),
+          Hash::range(),         Hash::array(), Hash::dictionary(), Hash::object(), Hash::callable()};
+}
+
 TEST(ValueHash, SaltsDifferAndStay) {
-  const auto salts = [] {
-    using Hash = Value::Hash;
-    return std::vector<Int>{Hash::uninitialized(), Hash::nil(),   Hash::boolean(),    Hash::number(), Hash::string(),
-                            Hash::range(),         Hash::array(), Hash::dictionary(), Hash::object(), Hash::callable()};
-  };
   const std::vector<Int> once = salts();
   EXPECT_EQ(std::set<Int>(once.begin(), once.end()).size(), 10u);
   EXPECT_EQ(salts(), once);
   EXPECT_NE(random(), random());
+}
+
+TEST(ValueHashDeathTest, TheSaltsOfAnotherProcessAreOthers) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";  // a process of its own, from its start
+  const auto tell = [] {
+    for (const Int salt : salts()) std::cerr << '<' << salt << '>';
+    std::exit(0);
+  };
+  std::vector<testing::Matcher<const std::string&>> others;
+  for (const Int salt : salts()) others.push_back(Not(HasSubstr('<' + std::to_string(salt) + '>')));
+  EXPECT_EXIT(tell(), testing::ExitedWithCode(0), AllOf(MatchesRegex("(<-?[0-9]+>){10}"), AllOfArray(others)));
 }
 
 TEST(ValueHashDeathTest, AClosedRangeUpToTheLargestIntegerIsAFatalStop) {
