@@ -6,6 +6,8 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "Velto/Velto.h"
 #include "tests/support/BareFileSystem.h"
@@ -99,6 +101,33 @@ TEST(Exceptions, OfALibraryThatIsLoadedLeaveAsTheyAre) {
 
 TEST(Exceptions, OfALoggerThatAScannerHasLeaveAsTheyAre) {
   EXPECT_THROW(run("%", std::make_shared<ThrowingLogger<HostError>>()), HostError);
+}
+
+/// Throws at the first message only, and keeps the others.
+class OnceThrowingLogger final : public Logger {
+ public:
+  using Logger::report;
+  void report(const Message& message) override {
+    messages.push_back(exact(message));
+    if (messages.size() == 1) throw HostError();
+  }
+
+  std::vector<std::string> messages;
+};
+
+TEST(Exceptions, OfALoggerAreErrorsOfTheFileThatIsScanned) {
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {"include \"faulty\"", "main.velto:1:1...1:17: error: Cannot include 'faulty': of the host."},
+      {"execute(\"faulty\")", "main.velto:1:8...1:9: error: Cannot execute 'faulty': of the host"},
+      {"process(\"faulty\", into: \"out\")", "main.velto:1:8...1:9: error: Cannot process 'faulty': of the host"}};
+  for (const auto& [program, expected] : rows) {
+    const auto files = std::make_shared<MemoryFileSystem>();
+    files->files = {{"/main.velto", program}, {"/faulty", "<% % %>"}};
+    const auto logger = std::make_shared<OnceThrowingLogger>();
+    EXPECT_THROW(Processor(Url(""), logger, files).process("main.velto"), VeltoError);
+    ASSERT_GE(logger->messages.size(), 2u);
+    EXPECT_EQ(logger->messages[1], expected);
+  }
 }
 
 TEST(ExceptionsDeathTest, OfALoggerStopTheProcessFromTheParserOn) {
