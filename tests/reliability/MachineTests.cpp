@@ -161,6 +161,24 @@ TEST_F(MachineTest, ManyFilesTakeNoMoreThanThreeDescriptorsAtOnce) {
   for (int i = 0; i < 1000; ++i) ASSERT_EQ(read("out/" + std::to_string(i)), std::to_string(i) + "[1]");
 }
 
+TEST_F(MachineTest, ProcessesAndFoldersInsideOneAnotherTakeADescriptorEach) {
+  if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
+  std::filesystem::create_directories(folder / "tree/branch/twig");
+  write("tree/branch/twig/leaf", "green");
+  write("outer", R"v(<% process("inner", into: "\(folder)/inner-out") %>)v");
+  write("inner", R"v(<%= copy(from: "\(folder)/tree", to: "\(folder)/copy") %>)v");
+  const auto limit = [] {
+    constexpr int standardStreams = 3, processes = 2, folders = 3, others = 2;
+    constexpr int all = standardStreams + processes + folders + others;
+    const rlimit descriptors{all, all};
+    ::setrlimit(RLIMIT_NOFILE, &descriptors);
+  };
+  expectInAnotherProcess(R"v(process("outer", into: "\(folder)/outer-out"))v", limit,
+                         [](const auto& messages) { return messages.empty(); });
+  EXPECT_EQ(read("inner-out"), "true");
+  EXPECT_EQ(read("copy/branch/twig/leaf"), "green");
+}
+
 TEST_F(MachineTest, ATemplateThatProcessesItselfGivesAllDescriptorsBack) {
   if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
   write("self", R"v(<% process("self", into: "\(folder)/out") %>)v");
