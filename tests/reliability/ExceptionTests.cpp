@@ -137,6 +137,21 @@ TEST(ExceptionsDeathTest, OfALoggerStopTheProcessFromTheParserOn) {
   EXPECT_EXIT(run("missing", logger), isAbort, "^fatal: Unknown exception of the host\n$");
 }
 
+TEST(Exceptions, OfALoggerThatIsToldOfAGlobalLeaveAsTheyAre) {
+  const auto files = std::make_shared<MemoryFileSystem>();
+  files->files["/main.velto"] = "";
+  Processor processor(Url(""), std::make_shared<ThrowingLogger<HostError>>(), files);
+  processor.globals["bad"] = *HostValue(std::vector<std::string>{"a"}).asValue();
+  EXPECT_THROW(processor.process("main.velto"), HostError);
+}
+
+TEST(ExceptionsDeathTest, OfPrintStopTheProcess) {
+  Interpreter interpreter(std::nullopt, quiet());
+  interpreter.print = [](const String&) { throw HostError(); };
+  const Statements text = {Verbatim{.range = Range("a", 1, 1), .text = "text"}};
+  EXPECT_EXIT(interpreter.interpret(text), isAbort, "^fatal: Unknown exception of the host\n$");
+}
+
 TEST(ExceptionsDeathTest, OfANativeFunctionStopTheProcess) {
   EXPECT_EXIT(run("throwing()", quiet(), throwing<HostError>()), isAbort, "^fatal: Unknown exception of the host\n$");
 }
