@@ -444,5 +444,19 @@ TEST(Decimal, PrintsEveryInteger) {
   EXPECT_EQ(decimal(std::numeric_limits<Int>::min()).view(), "-9223372036854775808");
 }
 
+TEST(String, IsRewrittenWithAnyText) {
+  String text = String("0123456789").appending("abc");
+  for (const std::string piece : {"x", "", "0123456789abc", "0", "\u00E9"}) {
+    text.rewrite(piece);
+    EXPECT_EQ(text, String(piece));
+    EXPECT_EQ(text.hash(), String(piece).hash());
+  }
+  text.rewrite(std::string(1000, 'x'));
+  EXPECT_EQ(text, String(std::string(1000, 'x')));
+  const String other = text;
+  text.rewrite("y");
+  EXPECT_EQ(other.size(), 1000u);
+}
+
 }  // namespace
 }  // namespace velto

@@ -33,6 +33,14 @@ TEST(Processor, VerifiesGlobalsAndLoadsLibrariesForAnEmptyFile) {
   EXPECT_EQ(host.messages().size(), 1u);
 }
 
+TEST(Processor, TakesTwoSignsForTheNameOfAFile) {
+  TestHost host;
+  host.files->files["/page"] = "text";
+  host.run("process(\"page\", into: \"+-1\") process(\"page\", into: \"+\")");
+  EXPECT_EQ(host.files->files["/+-1"], "text");
+  EXPECT_EQ(host.files->files["/+"], "text");
+}
+
 TEST(Processor, LetsAReadErrorPass) {
   TestHost host;
   try {
