@@ -247,6 +247,7 @@ TEST(JSONDocumentTest, RoundsLongNumbers) {
   EXPECT_EQ(parseJSONNumber("1." + zeros), 1);
   EXPECT_EQ(parseJSONNumber("1" + zeros + "1e-1000"), infinity);
   EXPECT_EQ(parseJSONNumber("0." + zeros + "1e1000"), 0);
+  EXPECT_EQ(parseJSONNumber("0." + zeros + "1e+1000"), 0);
   EXPECT_EQ(parsed("0." + zeros + "1"), "0");
 }
 
