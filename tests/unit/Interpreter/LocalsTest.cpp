@@ -30,8 +30,10 @@ TEST(Locals, SaysAtOnceNothingButWhatTheSearchFinds) {
   for (const Uuid& id : resolved) {
     ASSERT_FALSE(locals.isAbsentAtOnce(id));
     const Local* const local = locals.findAtOnce(id);
+    const Local* const found = locals.find(id);
+    ASSERT_NE(found, nullptr);
     if (local) {
-      ASSERT_EQ(local, locals.find(id));
+      ASSERT_EQ(local, found);
     }
     foundAtOnce += local ? 1 : 0;
   }
