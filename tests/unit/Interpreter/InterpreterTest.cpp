@@ -552,7 +552,8 @@ TEST_F(InterpreterTest, GoesOnBehindAFileThatExhaustsTheStackUnlessManyListsRunI
     Interpreter another(Url("base"), host.logger, host.files);
     another.print = [&](const String& text) { printed += text.view(); };
     Scanner scanner("include \"1\" print(\"<1\")", Scanner::Mode::program, host.logger, "main");
-    another.interpret(Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse());
+    const Statements statements = Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse();
+    onStack(512 * 1024, [&] { another.interpret(statements); });
     EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
     EXPECT_TRUE(another.hadError);
     return printed;
