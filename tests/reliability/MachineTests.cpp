@@ -105,6 +105,13 @@ class MachineTest : public testing::Test {
 
 const std::string large = std::string(200'000, 'x');
 
+/// Leaves this process that many descriptors beside those of the standard streams, whatever it was started with.
+void limitDescriptors(rlim_t count) {
+  for (int descriptor = 3; descriptor < 256; ++descriptor) ::close(descriptor);
+  const rlimit descriptors{3 + count, 3 + count};
+  ::setrlimit(RLIMIT_NOFILE, &descriptors);
+}
+
 TEST_F(MachineTest, AFullDiskIsNoErrorOfTheRun) {
   if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
   write("large", large);
@@ -130,16 +137,12 @@ TEST_F(MachineTest, WithoutDescriptorsNothingIsOpenedAndTheRunGoesOn) {
   if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
   write("small", "small");
   write("again", R"v(process("small", into: "\(folder)/out"))v");
-  const auto limit = [] {
-    const rlimit descriptors{3, 3};
-    ::setrlimit(RLIMIT_NOFILE, &descriptors);
-  };
   const auto isRight = [](const std::vector<std::string>& messages) {
     return messages == std::vector<std::string>{"Cannot execute 'again': Too many open files"};
   };
   // The program itself is read before the limit is reached.
-  globals["limit"] = makeRef<Function0>("limit", [limit]() -> Value {
-    limit();
+  globals["limit"] = makeRef<Function0>("limit", []() -> Value {
+    limitDescriptors(0);
     return nullptr;
   });
   expectInAnotherProcess(
@@ -152,10 +155,7 @@ TEST_F(MachineTest, ManyFilesTakeNoMoreThanThreeDescriptorsAtOnce) {
   write("a.json", "[1]");
   write("piece", "<%= i %>");
   write("page", "<% include \"piece\" %><%= loadJSON(\"a.json\") %>");
-  const auto limit = [] {
-    const rlimit descriptors{3 + 3, 3 + 3};
-    ::setrlimit(RLIMIT_NOFILE, &descriptors);
-  };
+  const auto limit = [] { limitDescriptors(3); };
   expectInAnotherProcess(R"v(for i in 0..<1000 process("page", into: "\(folder)/out/\(i)") end)v", limit,
                          [](const auto& messages) { return messages.empty(); });
   for (int i = 0; i < 1000; ++i) ASSERT_EQ(read("out/" + std::to_string(i)), std::to_string(i) + "[1]");
@@ -168,10 +168,8 @@ TEST_F(MachineTest, ProcessesAndFoldersInsideOneAnotherTakeADescriptorEach) {
   write("outer", R"v(<% process("inner", into: "\(folder)/inner-out") %>)v");
   write("inner", R"v(<%= copy(from: "\(folder)/tree", to: "\(folder)/copy") %>)v");
   const auto limit = [] {
-    constexpr int standardStreams = 3, processes = 2, folders = 3, others = 2;
-    constexpr int all = standardStreams + processes + folders + others;
-    const rlimit descriptors{all, all};
-    ::setrlimit(RLIMIT_NOFILE, &descriptors);
+    constexpr int processes = 2, folders = 3, others = 2;
+    limitDescriptors(processes + folders + others);
   };
   expectInAnotherProcess(R"v(process("outer", into: "\(folder)/outer-out"))v", limit,
                          [](const auto& messages) { return messages.empty(); });
@@ -183,10 +181,7 @@ TEST_F(MachineTest, ATemplateThatProcessesItselfGivesAllDescriptorsBack) {
   if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
   write("self", R"v(<% process("self", into: "\(folder)/out") %>)v");
   write("small", "small");
-  const auto limit = [] {
-    const rlimit descriptors{64, 64};
-    ::setrlimit(RLIMIT_NOFILE, &descriptors);
-  };
+  const auto limit = [] { limitDescriptors(61); };
   const std::string expected = "`process` cannot open '" + (folder / "out").string() + "' for writing.";
   expectInAnotherProcess(R"v(process("self", into: "\(folder)/out") process("small", into: "\(folder)/behind"))v",
                          limit, [&](const auto& messages) { return messages == std::vector<std::string>{expected}; });

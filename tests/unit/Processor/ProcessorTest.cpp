@@ -113,7 +113,7 @@ TEST(Processor, LoadsLibrariesInTheirOrder) {
 TEST(Processor, TellsOfTheProgramBeforeTheGlobals) {
   TestHost host;
   host.processor.globals["bad"] = *HostValue(std::vector<std::string>{"a"}).asValue();
-  host.run("return");
+  host.run("return 1");
   EXPECT_THAT(host.messages(), ElementsAre("main.velto:1:1...1:7: error: Cannot return from outside a function.",
                                            ":0:0...0:0: error: Global variable 'bad' was assigned an invalid value."));
 }
