@@ -113,9 +113,10 @@ TEST(Processor, LoadsLibrariesInTheirOrder) {
 TEST(Processor, TellsOfTheProgramBeforeTheGlobals) {
   TestHost host;
   host.processor.globals["bad"] = *HostValue(std::vector<std::string>{"a"}).asValue();
-  host.run("return 1");
-  EXPECT_THAT(host.messages(), ElementsAre("main.velto:1:1...1:7: error: Cannot return from outside a function.",
-                                           ":0:0...0:0: error: Global variable 'bad' was assigned an invalid value."));
+  host.run("if false var a = 1 var a = 2 end");
+  EXPECT_THAT(host.messages(),
+              ElementsAre("main.velto:1:24...1:25: error: Variable with this name already declared in this scope.",
+                          ":0:0...0:0: error: Global variable 'bad' was assigned an invalid value."));
 }
 
 TEST(Processor, TakesTheGlobalsAnewInEachCall) {
