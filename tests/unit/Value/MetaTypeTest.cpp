@@ -85,7 +85,7 @@ TEST(MetaType, IsEqualAndHashesByItsName) {
 
 struct Local {};
 
-auto operator>(Local, Local) {
+[[maybe_unused]] auto operator>(Local, Local) {
   struct Greater {};
   return Greater();
 }
