@@ -1,6 +1,7 @@
 // `velto`: the library as a command.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <exception>
 #include <iostream>
 #include <new>
 #include <span>
@@ -62,5 +63,8 @@ int main(int count, char** arguments) try {
   return runCommand({arguments, static_cast<std::size_t>(count)});
 } catch (const std::bad_alloc&) {
   std::cerr << "velto: out of memory\n";
+  return command::unreadable;
+} catch (const std::exception& error) {
+  std::cerr << "velto: " << error.what() << '\n';
   return command::unreadable;
 }
