@@ -63,13 +63,16 @@ void SurvivingScopes::expect(std::size_t count) {
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): lets go of it
 void SurvivingScopes::leave(Ref<Environment> scope) noexcept {
-  constexpr std::uint32_t byTheCaller = 1;
-  if (scope->holderCount() == byTheCaller) return;
-  const std::uint32_t others = byTheCaller + (scope->isKept_ ? 1 : 0);
-  if (!isHeldByItsOwnFunctionsOnly(*scope, others) || !letGo({&scope, 1})) note(*scope);
+  if (scope->holderCount() == 1) return;
+  if (!isHeldByItsOwnFunctionsOnly(*scope, holdersHere(*scope)) || !letGo({&scope, 1})) note(*scope);
 }
 
-/// Empties the scopes, which nobody else can reach. False where memory lacks, and nothing has changed.
+/// How often this holds a scope that it has before it: by one reference, and by the chain of those that are kept.
+std::uint32_t SurvivingScopes::holdersHere(const Environment& scope) noexcept {
+  return scope.isKept_ ? 2 : 1;
+}
+
+/// Empties the scopes, which nobody else can reach. False where memory lacks: then they stay as they are.
 bool SurvivingScopes::letGo(std::span<const Ref<Environment>> scopes) noexcept {
   for (const Ref<Environment>& scope : scopes) scope->isGone_ = true;
   try {
@@ -122,11 +125,10 @@ void SurvivingScopes::sweep() {
   std::unordered_set<const Environment*> noted;
   for (const WeakRef<Environment>& scope : scopes_) {
     noted.insert(scope.get());
-    const bool isKept = scope.get()->isKept_;
-    scopes.push_back({Ref<Environment>(scope.get()), isKept ? 2U : 1U, 1});
+    scopes.push_back({Ref<Environment>(scope.get()), holdersHere(*scope.get()), 1});
   }
   for (const Ref<Environment>* scope = &kept_; *scope; scope = &(*scope)->next_) {
-    if (!noted.contains(scope->get())) scopes.push_back({*scope, 2, 0});
+    if (!noted.contains(scope->get())) scopes.push_back({*scope, holdersHere(**scope), 0});
   }
   letGo(unreachable(scopes));
   scopes.clear();

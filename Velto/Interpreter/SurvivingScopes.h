@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -26,6 +27,7 @@ class SurvivingScopes {
   void leave(Ref<Environment> scope) noexcept;
 
  private:
+  static std::uint32_t holdersHere(const Environment& scope) noexcept;
   bool letGo(std::span<const Ref<Environment>> scopes) noexcept;
   void keepWhatIsHeldBy(const Environment& scope);
   void keep(Ref<Environment> scope) noexcept;
