@@ -115,7 +115,8 @@ Url Interpreter::resolve(const String& path) const {
   return baseURL_ ? baseURL_->appendingPathComponent(path) : Url(path);
 }
 
-/// What a visit would leave in `lastResult_`, without the visit where the kind is one of the language's.
+/// What a visit would leave in `lastResult_`, without the visit where the kind is one of the language's. Whoever calls
+/// has looked variables up already.
 Value Interpreter::evaluateNode(const Expression& expression) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(expression.range());
@@ -148,8 +149,6 @@ Value Interpreter::evaluateNode(const Expression& expression) {
       return valueOf(expression.record<Subscript>());
     case ExpressionKinds::of<Unary>:
       return valueOf(expression.record<Unary>());
-    case ExpressionKinds::of<Variable>:
-      return valueOf(expression.record<Variable>());
     default:
       return visited(expression);
   }

@@ -88,8 +88,8 @@ Value Interpreter::element(const Subscript& node, const String& string) {
   const Value value = evaluate(node.index);
   std::optional<String> result;
   if (const double* number = value.number()) {
-    const Int index = integer(*number);
-    if (index < std::numeric_limits<Int>::max()) result = characters_.slice(string, index, index + 1);
+    const Int index = integer(*number);  // never the largest integer, which no float is
+    result = characters_.slice(string, index, index + 1);
     if (!result) fail(node.bracket.range, "Index out of bounds.");
   } else if (const CountableClosedRange* closed = value.closedRange()) {
     if (closed->upper < std::numeric_limits<Int>::max())

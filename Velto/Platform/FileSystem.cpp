@@ -24,7 +24,7 @@ class BufferedHandle final : public FileHandle {
 
  private:
   /// Stands apart, so that the usual way has nothing to save.
-  [[gnu::noinline]] void writeFirst(std::string_view bytes) { OutputBuffer::ofThread().write(target_, bytes); }
+  [[gnu::noinline]] void writeFirst(std::string_view bytes) { OutputBuffer::ofThread().writeFirst(target_, bytes); }
 
   std::shared_ptr<FileHandle> target_;
 };

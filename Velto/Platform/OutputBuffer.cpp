@@ -54,8 +54,7 @@ bool OutputBuffer::ofThreadHoldsBytesFor(const FileHandle& target) noexcept {
   return ofThread_ && ofThread_->target_.get() == &target;
 }
 
-/// Begins to hold bytes for `target`, with all others written before.
-void OutputBuffer::writeElsewhere(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
+void OutputBuffer::writeFirst(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
   flushPendingOutput();
   if (bytes.size() > capacity) return target->write(bytes);
   if (bytes.empty()) return;

@@ -22,13 +22,6 @@ class OutputBuffer final : public PendingOutput {
 
   ~OutputBuffer() override;
 
-  void write(const std::shared_ptr<FileHandle>& target, std::string_view bytes) {
-    if (hasRoomFor(*target, bytes)) {
-      append(bytes);
-    } else {
-      writeElsewhere(target, bytes);
-    }
-  }
   /// Writes the bytes if this thread has just written to `target`, and has room for them; else false.
   static bool writeOn(const FileHandle& target, std::string_view bytes) noexcept {
     OutputBuffer* const buffer = ofThread_;
@@ -36,6 +29,8 @@ class OutputBuffer final : public PendingOutput {
     if (hasRoom) buffer->append(bytes);
     return hasRoom;
   }
+  /// Begins to hold bytes for `target`, with all others written before.
+  void writeFirst(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
   void flush() override;
 
  private:
@@ -54,7 +49,6 @@ class OutputBuffer final : public PendingOutput {
     size_ += bytes.size();
     bytes.copy(end, bytes.size());
   }
-  [[gnu::noinline]] void writeElsewhere(const std::shared_ptr<FileHandle>& target, std::string_view bytes);
   void writeOut();
 
   std::shared_ptr<FileHandle> target_;  // null while nothing waits
