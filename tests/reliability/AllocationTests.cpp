@@ -65,6 +65,8 @@ INSTANTIATE_TEST_SUITE_P(Runs, EachAllocation,
                                          Circumstances{"main.velto", true, Failing::fromThenOn},
                                          Circumstances{"main.velto", false, Failing::once},
                                          Circumstances{"main.velto", false, Failing::fromThenOn},
+                                         Circumstances{"keeping.velto", false, Failing::once},
+                                         Circumstances{"keeping.velto", false, Failing::fromThenOn},
                                          Circumstances{"faulty.velto", true, Failing::once},
                                          Circumstances{"faulty.velto", true, Failing::fromThenOn},
                                          Circumstances{"faulty.velto", false, Failing::once},
@@ -117,11 +119,18 @@ TEST(DeepValues, AreDroppedWithoutMemory) {
     const std::ptrdiff_t liveBefore = liveBlocks();
     Value chain = 1;
     Value tree = 1;
+    Value wide = 1;
+    for (int level = 0; level < 20; ++level) {
+      std::vector<Value> elements = {wide};
+      for (int count = 0; count < 2'000; ++count) elements.push_back(Value::arrayLiteral({count}));
+      wide = Array(std::move(elements));
+    }
     for (int level = 0; level < 1'000'000; ++level) chain = Value::arrayLiteral({chain});
     for (int level = 0; level < 10'000; ++level) tree = Value::arrayLiteral({Value::arrayLiteral({level}), tree});
     const AllocationFailure failure(0, Failing::fromThenOn);
     chain = nullptr;
     tree = nullptr;
+    wide = nullptr;
     EXPECT_EQ(liveBlocks(), liveBefore);
   });
 }
@@ -146,6 +155,29 @@ TEST(AnEmptyContainerOfAHost, TellsOfALackOfMemory) {
   EXPECT_EQ(liveBlocks(), liveBefore);
   EXPECT_TRUE(Value(array).array());
   EXPECT_TRUE(Value(dictionary).dictionary());
+}
+
+struct Leaf {
+  std::string name;
+  int size;
+};
+BOOST_DESCRIBE_STRUCT(Leaf, (), (name, size))
+
+TEST(ARecordOfAHost, TellsOfALackOfMemoryWhereItsMembersAreListed) {
+  const Leaf leaf{"a", 1};
+  const auto isMade = [&](std::size_t number) {
+    const AllocationFailure failure(number);
+    try {
+      const Ref<const Object> made = object(leaf);
+      return !failure.hasStruck();
+    } catch (const std::bad_alloc&) {
+      return false;
+    }
+  };
+  std::size_t failures = 0;
+  while (!isMade(failures)) ++failures;
+  EXPECT_GT(failures, 3u);
+  EXPECT_EQ(Value(object(leaf)).description(), "Leaf(name: a, size: 1)");
 }
 
 /// An interpreter of a host's that prints into a text.

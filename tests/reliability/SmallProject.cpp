@@ -83,6 +83,22 @@ var copied = copy(from: "nowhere", to: "\(outputPath)/nowhere")
 print("\(found) \(copied) \(mkdir(3))")
 break
 )velto"},
+    {"keeping.velto", R"velto(for first in [1] end
+if false print("1") else if true print("2") end
+func apart() end
+func leave()
+  var deep = [[apart]]
+  func itself() return itself end
+end
+var last = leave
+for number in 0..<70
+  leave()
+  var before = last
+  func held() return before end
+  last = held
+end
+print(last()()())
+)velto"},
     {"missing.velto", "process(\"missing.txt\", into: \"missing.txt\")"},
     {"syntax.velto", "include \"syntax.txt\""},
     {"calls.velto", "func outer(_ x) return missing(x) end outer(\"é\")"},

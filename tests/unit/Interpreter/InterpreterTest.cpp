@@ -290,6 +290,20 @@ TEST_F(InterpreterTest, FindsALoopVariableThatAHostHasMoved) {
   EXPECT_EQ(host.output(), "01234567k1l2");
 }
 
+TEST_F(InterpreterTest, ReportsALoopVariableThatAHostHasRemoved) {
+  interpreter.globals().define("remove", makeRef<Function1>("remove", [&](const Value& name) {
+                                 interpreter.stack().end()[-2]->values.remove(name.description());
+                                 return Value::nil();
+                               }));
+  interpret("for a in 0..<3 remove(\"a\") end");
+  interpret("for a in [[1], [2]] remove(\"a\") end");
+  interpret("for (a, b) in [\"k\": 1, \"l\": 2] remove(\"b\") end");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:5...1:6: error: Undefined variable 'a'.",
+                                           "main:1:5...1:6: error: Undefined variable 'a'.",
+                                           "main:1:9...1:10: error: Undefined variable 'b'."));
+  EXPECT_EQ(interpreter.stack().size(), 1u);
+}
+
 /// Under the name with that number of parameters at its end, one whose arguments all have the label `l`, and one
 /// without labels.
 template <std::size_t count>
@@ -501,7 +515,7 @@ TEST_F(InterpreterTest, ReportsExhaustionOnEveryRoadBackToItself) {
     Interpreter another(Url("base"), host.logger, host.files);
     Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
     Parser parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger);
-    another.interpret(parser.parse());
+    test::onStack(test::smallStack, [&] { another.interpret(parser.parse()); });
     ASSERT_FALSE(host.logger->messages.empty()) << program;
     EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.") << program;
     EXPECT_TRUE(another.hadError);

@@ -9,6 +9,7 @@
 #include <new>
 #include <typeinfo>
 
+#include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
 
 namespace velto {
@@ -249,6 +250,25 @@ TEST(Resolver, PassesACaseByThatStandsInNoSwitch) {
   interpreter.interpret(statements);
   EXPECT_FALSE(resolver.hadError() || interpreter.hadError);
   EXPECT_EQ(interpreter.globals().get(String("a")), std::nullopt);
+}
+
+TEST(Resolver, ReportsAnExpressionThatWasMadeWithMoreStack) {
+  test::TestHost host;
+  Interpreter interpreter(std::nullopt, host.logger, host.files);
+  std::string program = "a";
+  for (int count = 0; count < 20'000; ++count) program += "+a";
+  Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
+  Statements statements;
+  test::onStack(256 << 20, [&] {
+    statements = Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse();
+  });
+  ASSERT_TRUE(host.messages().empty());
+  Resolver resolver(interpreter);
+  test::onStack(160 * 1024, [&] { resolver.resolve(statements); });
+  EXPECT_TRUE(resolver.hadError());
+  ASSERT_EQ(host.logger->messages.size(), 1u);
+  EXPECT_EQ(host.logger->messages[0].message, "Stack exhausted.");
+  EXPECT_EQ(host.logger->messages[0].range().startColumn, 1);
 }
 
 /// Throws at every message.

@@ -4,6 +4,7 @@
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
 #include "Velto/Value/NativeFunctions.h"
+#include "tests/support/StackThread.h"
 #include "tests/unit/Parser/SmallStack.h"
 #include "tests/unit/Value/Calls.h"
 #include "tests/unit/Value/HostTypes.h"
@@ -55,10 +56,9 @@ T nested(T (*wrap)(T), int depth, T inner = 1) {
   return inner;
 }
 
-/// A depth that no stack has room for, on the stack of the test, and a lesser one on a small stack.
-void atBothDepths(const std::function<void(int depth)>& work) {
-  work(100'000);
-  onSmallStack([&] { work(10'000); });
+/// So deep that a frame for each level would take more than the stack, however small it were.
+void whereItIsDeep(const std::function<void(int depth)>& work) {
+  test::onStack(test::smallStack, [&] { work(10'000); });
 }
 
 using Wrap = Value (*)(Value);
@@ -66,15 +66,15 @@ using WrapHost = HostValue (*)(HostValue);
 
 TEST(DeepValues, AreFreed) {
   for (const Wrap wrap : {inArray, inDictionary, inFunction, inRecord}) {
-    atBothDepths([&](int depth) { nested<Value>(wrap, depth); });
+    whereItIsDeep([&](int depth) { nested<Value>(wrap, depth); });
   }
   for (const WrapHost wrap : {inHostArray, inHostDictionary, inHostArrayObject, inHostDictionaryObject}) {
-    atBothDepths([&](int depth) { nested<HostValue>(wrap, depth); });
+    whereItIsDeep([&](int depth) { nested<HostValue>(wrap, depth); });
   }
 }
 
 TEST(DeepValues, ArePrinted) {
-  atBothDepths([](int depth) {
+  whereItIsDeep([](int depth) {
     EXPECT_TRUE(nested<Value>(inArray, depth).description() == repeated("[", depth) + "1" + repeated("]", depth));
     EXPECT_TRUE(nested<Value>(inDictionary, depth).description() ==
                 repeated("[a: ", depth) + "1" + repeated("]", depth));
@@ -86,7 +86,7 @@ TEST(DeepValues, ArePrinted) {
 
 TEST(DeepValues, AreCompared) {
   for (const Wrap wrap : {inArray, inDictionary}) {
-    atBothDepths([&](int depth) {
+    whereItIsDeep([&](int depth) {
       EXPECT_TRUE(nested<Value>(wrap, depth) == nested<Value>(wrap, depth));
       EXPECT_FALSE(nested<Value>(wrap, depth) == nested<Value>(wrap, depth, 2));
       EXPECT_FALSE(nested<Value>(wrap, depth) == nested<Value>(wrap, depth - 1));
@@ -95,7 +95,7 @@ TEST(DeepValues, AreCompared) {
 }
 
 TEST(DeepValues, AreHashedAndFoundAsKeys) {
-  atBothDepths([](int depth) {
+  whereItIsDeep([](int depth) {
     EXPECT_EQ(nested<Value>(inArray, depth).hashValue(), nested<Value>(inArray, depth).hashValue());
     EXPECT_EQ(nested<Value>(inDictionary, depth).hashValue(), nested<Value>(inDictionary, depth).hashValue());
     Dictionary dictionary;
@@ -120,7 +120,7 @@ TEST(DeepValues, AreComparedWhenTheKeysAreDeep) {
 TEST(DeepValues, AreVerified) {
   const Value names = *HostValue(std::vector<std::string>{"a"}).asValue();
   for (const Wrap wrap : {inArray, inDictionary}) {
-    atBothDepths([&](int depth) {
+    whereItIsDeep([&](int depth) {
       EXPECT_TRUE(Value::verify(nested<Value>(wrap, depth)));
       EXPECT_FALSE(Value::verify(nested<Value>(wrap, depth, names)));
     });
@@ -129,13 +129,13 @@ TEST(DeepValues, AreVerified) {
 
 TEST(DeepValues, AreMadeFromThoseOfTheHost) {
   for (const WrapHost wrap : {inHostArray, inHostArrayObject}) {
-    atBothDepths([&](int depth) {
+    whereItIsDeep([&](int depth) {
       EXPECT_TRUE(Value::from(nested<HostValue>(wrap, depth)) == nested<Value>(inArray, depth));
       EXPECT_FALSE(Value::from(nested<HostValue>(wrap, depth, shop::Opaque())));
     });
   }
   for (const WrapHost wrap : {inHostDictionary, inHostDictionaryObject}) {
-    atBothDepths([&](int depth) {
+    whereItIsDeep([&](int depth) {
       EXPECT_TRUE(Value::from(nested<HostValue>(wrap, depth)) == nested<Value>(inDictionary, depth));
       EXPECT_FALSE(Value::from(nested<HostValue>(wrap, depth, shop::Opaque())));
     });
