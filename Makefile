@@ -1,6 +1,6 @@
 # The commands of daily work. CMake does the building; see CMakePresets.json.
 .DEFAULT_GOAL := build
-.PHONY: build demo test fuzz clang tidy threads torture coverage mutants bench format dependencies clean
+.PHONY: build demo test fuzz clang integers tidy threads torture coverage mutants bench format dependencies clean
 
 JOBS ?= $(shell nproc)
 CTEST := ctest --output-on-failure --no-tests=error -j $(JOBS)
@@ -46,6 +46,13 @@ clang: dependencies
 	cmake --build --preset clang -j $(JOBS)
 	cmake --build --preset clang -j $(JOBS) --target all_verify_interface_header_sets
 	$(CTEST) --test-dir build/clang
+
+# All tests with the checks of integers that only Clang has: whether they wrap, or lose something when converted.
+integers: dependencies
+	scripts/install-dependencies clang libclang-rt-14-dev
+	cmake --preset integers
+	cmake --build --preset integers -j $(JOBS)
+	$(CTEST) --test-dir build/integers
 
 # What clang-tidy finds in the library and the command.
 tidy: dependencies

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "Velto/Platform/Wrapping.h"
+
 namespace velto {
 
 namespace {
@@ -33,7 +35,7 @@ struct Bounds {
   std::uintptr_t lowest = 0;
   std::size_t size = 0;
 
-  bool contain(std::uintptr_t address) const noexcept { return address - lowest < size; }
+  VELTO_WRAPS bool contain(std::uintptr_t address) const noexcept { return address - lowest < size; }
   std::uintptr_t limit() const noexcept { return lowest + std::min(largestReserve, size / 8); }
 };
 

@@ -63,8 +63,8 @@ class DocumentExample final : public testing::Test {
   void TestBody() override {
     const Outcome outcome = run(example_, command_);
     // From the last to the first, so that rewriting one leaves the lines of the others.
-    for (std::size_t index = example_.results.size(); index-- > 0;) {
-      compare(example_.results[index], outcome.written[index]);
+    for (std::size_t index = example_.results.size(); index > 0; --index) {
+      compare(example_.results[index - 1], outcome.written[index - 1]);
     }
     expectNothingElse(outcome.result);
   }
@@ -96,8 +96,8 @@ class DocumentExample final : public testing::Test {
 void registerExamples(const files::path& command, const files::path& document) {
   // From the last to the first here too: an update of one example must not move the lines of the next.
   std::vector<Example> examples = examplesOf(blocksOf(harness::readFile(document)));
-  for (std::size_t index = examples.size(); index-- > 0;) {
-    const Example& example = examples[index];
+  for (auto next = examples.rbegin(); next != examples.rend(); ++next) {
+    const Example& example = *next;
     const int line = static_cast<int>(example.line());
     testing::RegisterTest(document.filename().c_str(), ("line_" + std::to_string(line)).c_str(), nullptr, nullptr,
                           document.c_str(), line,

@@ -23,9 +23,10 @@ using Lengths = std::vector<std::vector<std::size_t>>;
 
 Lengths commonLengths(const std::vector<std::string>& left, const std::vector<std::string>& right) {
   Lengths lengths(left.size() + 1, std::vector<std::size_t>(right.size() + 1, 0));
-  for (std::size_t i = left.size(); i-- > 0;) {
-    for (std::size_t j = right.size(); j-- > 0;) {
-      lengths[i][j] = left[i] == right[j] ? lengths[i + 1][j + 1] + 1 : std::max(lengths[i + 1][j], lengths[i][j + 1]);
+  for (std::size_t i = left.size(); i > 0; --i) {
+    for (std::size_t j = right.size(); j > 0; --j) {
+      lengths[i - 1][j - 1] =
+          left[i - 1] == right[j - 1] ? lengths[i][j] + 1 : std::max(lengths[i][j - 1], lengths[i - 1][j]);
     }
   }
   return lengths;

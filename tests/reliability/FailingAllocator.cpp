@@ -27,7 +27,10 @@ thread_local constinit State state;
 bool mustFail() noexcept {
   if (!state.isArmed) return false;
   if (state.hasStruck) return state.isForGood;
-  if (state.untilFailure-- > 0) return false;
+  if (state.untilFailure > 0) {
+    --state.untilFailure;
+    return false;
+  }
   state.hasStruck = true;
   return true;
 }

@@ -7,7 +7,8 @@ namespace command {
 
 Place placeOf(const RunOptions& options) {
   if (options.base) return {velto::Url::directory(*options.base), options.file};
-  const std::size_t start = options.file.rfind('/') + 1;
+  const std::size_t slash = options.file.rfind('/');
+  const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
   return {velto::Url::directory(options.file.substr(0, start)), options.file.substr(start)};
 }
 
