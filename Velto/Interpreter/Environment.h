@@ -79,7 +79,7 @@ class Environment final : public WeaklyCounted {
   }
 
  private:
-  friend class ScopePool;
+  friend class ScopeStack;
   friend class SurvivingScopes;
 
   /// Makes `nowhere`.
@@ -101,7 +101,7 @@ class Environment final : public WeaklyCounted {
   bool isObserving_;       // whether `enclosing_` counts this among its observers; else it outlives this anyway
   bool isKept_ = false;    // by `SurvivingScopes`
   bool isGone_ = false;    // let go by `SurvivingScopes`
-  Ref<Environment> next_;  // of those that wait to be used again, or of those that are kept
+  Ref<Environment> next_;  // of those that are kept
 };
 
 }  // namespace velto

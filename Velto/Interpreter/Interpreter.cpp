@@ -21,9 +21,8 @@ Interpreter::Interpreter(std::optional<Url> baseURL, std::shared_ptr<Logger> log
       logger_(std::move(logger)),
       fileSystem_(std::move(fileSystem)),
       parseCache_(logger_, fileSystem_, std::move(texts)),
-      scopes_(logger_),
       globals_(makeRef<Environment>(logger_)),
-      stack_{globals_},
+      stack_(globals_, logger_),
       recentForms_(std::make_unique<RecentForms>()) {
   for (std::shared_ptr<Library>& library : makeBuiltInLibraries()) load(std::move(library));
 }
@@ -41,8 +40,12 @@ void Interpreter::load(std::shared_ptr<Library> library) {
 }
 
 Environment& Interpreter::pushEnvironment(Ref<Environment> environment) {
-  pushScope(environment ? std::move(environment) : makeScope(stack_.back().get()));
-  return *stack_.back();
+  if (environment) {
+    stack_.push(std::move(environment));
+  } else {
+    pushScope();
+  }
+  return current();
 }
 
 void Interpreter::popEnvironment() {
@@ -176,20 +179,11 @@ void Interpreter::executeBlock(const Statements& statements) {
   executeList(statements);
 }
 
-void Interpreter::pushFurtherScope(Ref<Environment> scope) {
-  stack_.push_back(std::move(scope));
-}
-
 /// The next scope is made first, so that a lack of memory leaves the stack as it is.
 void Interpreter::replaceScope() {
-  Ref<Environment> next = makeScope(stack_[stack_.size() - 2].get());
+  Ref<Environment> next = makeRef<Environment>(&stack_.belowTop(), logger_);
   popScope();
-  pushScope(std::move(next));
-}
-
-void Interpreter::leaveToSurvive(Ref<Environment> scope) noexcept {
-  ScopePool::release(*scope);
-  survivors_.leave(std::move(scope));
+  stack_.push(std::move(next));
 }
 
 void Interpreter::fail(const Range& range, String message) {

@@ -13,7 +13,7 @@
 #include "Velto/Interpreter/Environment.h"
 #include "Velto/Interpreter/Jumps.h"
 #include "Velto/Interpreter/Locals.h"
-#include "Velto/Interpreter/ScopePool.h"
+#include "Velto/Interpreter/ScopeStack.h"
 #include "Velto/Interpreter/SurvivingScopes.h"
 #include "Velto/Library/Library.h"
 #include "Velto/Parser/Statement.h"
@@ -55,7 +55,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   /// Every library loaded so far, in load order.
   const std::vector<std::shared_ptr<Library>>& libraries() const noexcept { return libraries_; }
   /// The current scopes; the last one is the current one, the first one `globals`.
-  const std::vector<Ref<Environment>>& stack() const noexcept { return stack_; }
+  std::span<const Ref<Environment>> stack() const noexcept { return stack_.scopes(); }
 
   /// Writes to standard output at first.
   Print print;
@@ -124,14 +124,12 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void interpretList(const Statements& statements);
   void reportStrayTokens();
   void reportStray(Jumps::Kind kind, std::string_view message);
-  Environment& current() noexcept { return *stack_.back(); }
-  void pushScope(Ref<Environment> scope);
-  [[gnu::noinline]] void pushFurtherScope(Ref<Environment> scope);
+  Environment& current() noexcept { return *stack_.top(); }
+  void pushScope();
   void popScope() noexcept;
   [[gnu::noinline]] void leaveToSurvive(Ref<Environment> scope) noexcept;
   void renewScope();
   [[gnu::noinline]] void replaceScope();
-  [[gnu::always_inline]] Ref<Environment> makeScope(Environment* enclosing) { return scopes_.make(enclosing); }
   [[noreturn]] void fail(const Range& range, String message);
   [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const Range& range);
   [[gnu::cold, gnu::noinline]] void failExhausted(const Statements& statements);
@@ -194,6 +192,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value evaluateArgument(const Call::Argument& argument, const Label& label);
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
   Value run(const Function& function, Arguments arguments);
+  void bind(const Function& function, Arguments arguments);
   Value executeBody(const Statements& body);
   Value takeReturnValue();
   void printDescription(const Value& value);
@@ -224,9 +223,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   std::shared_ptr<FileSystem> fileSystem_;
   ParseCache parseCache_;
   std::unordered_map<String, Url, std::hash<String>, SameBytes> includes_;  // where each path that was included lies
-  ScopePool scopes_;
   Ref<Environment> globals_;
-  std::vector<Ref<Environment>> stack_;
+  ScopeStack stack_;
   std::optional<Value> lastResult_;  // of the expression visit that has just ended
   Jumps jumps_;
   CharacterFinder characters_;

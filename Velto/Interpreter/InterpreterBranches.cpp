@@ -81,7 +81,7 @@ void Interpreter::iterate(const For& node, const Value& sequence) {
 /// unless a host has changed the scope.
 [[gnu::always_inline]] inline void Interpreter::assignLoopVariable(const Token& name, std::uint32_t place,
                                                                    Value value) {
-  Environment& loop = *stack_[stack_.size() - 2];
+  Environment& loop = stack_.belowTop();
   if (Value* variable = loop.values.findAt(place, name.lexeme)) {
     *variable = std::move(value);
   } else {

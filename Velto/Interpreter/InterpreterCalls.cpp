@@ -28,16 +28,26 @@ Value Interpreter::takeReturnValue() {
   return Value::nil();
 }
 
-Value Interpreter::run(const Function& function, Arguments arguments) {
+/// Gives the names of the parameters to a scope that isn't pushed yet.
+[[gnu::always_inline]] inline void Interpreter::bind(const Function& function, Arguments arguments) {
   // The scope hangs on the declaring scope, not on the caller's.
-  Ref<Environment> environment = makeScope(function.closure().get());
+  Environment& scope = stack_.prepare(function.closure().get());
   auto argument = arguments.begin();
-  for (const FunctionParameter& parameter : function.declaration().parameters) {
-    if (argument == arguments.end()) break;
-    if (!environment->values.add(parameter.name.lexeme, *argument)) environment->define(parameter.name, *argument);
-    ++argument;
+  try {
+    for (const FunctionParameter& parameter : function.declaration().parameters) {
+      if (argument == arguments.end()) break;
+      if (!scope.values.add(parameter.name.lexeme, *argument)) scope.define(parameter.name, *argument);
+      ++argument;
+    }
+  } catch (...) {
+    scope.values.clear();
+    throw;
   }
-  const ScopeGuard scope(*this, std::move(environment));
+}
+
+Value Interpreter::run(const Function& function, Arguments arguments) {
+  bind(function, arguments);
+  const ScopeGuard scope(*this, std::in_place);
   return executeBody(function.declaration().body);
 }
 
@@ -118,7 +128,7 @@ void Interpreter::checkLabel(const Label& expected, const Call::Argument& argume
 
 void Interpreter::visitFunctionDeclaration(const FunctionDeclaration& node) {
   survivors_.expect(stack_.size());  // each of these scopes may be held by a function of its own
-  current().define(node.name, makeRef<Function>(node, stack_.back()));
+  current().define(node.name, makeRef<Function>(node, stack_.top()));
 }
 
 }  // namespace velto

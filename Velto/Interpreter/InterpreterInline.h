@@ -116,22 +116,16 @@ inline const StringExpression* Interpreter::textThatGrows(const Assignment& node
   return value ? value->number() : nullptr;
 }
 
-[[gnu::always_inline]] inline void Interpreter::pushScope(Ref<Environment> scope) {
-  if (stack_.size() == stack_.capacity()) [[unlikely]]
-    return pushFurtherScope(std::move(scope));
-  stack_.push_back(std::move(scope));
+[[gnu::always_inline]] inline void Interpreter::pushScope() {
+  stack_.prepare(&current());
+  stack_.pushPrepared();
 }
 
 [[gnu::always_inline]] inline void Interpreter::popScope() noexcept {
   if (stack_.size() < 2) [[unlikely]]
     fatalError("The outermost scope can't be popped.");
-  Ref<Environment> scope = std::move(stack_.back());
-  stack_.pop_back();
-  if (scope->isUnshared()) [[likely]] {
-    scopes_.takeBack(std::move(scope));
-  } else {
-    leaveToSurvive(std::move(scope));
-  }
+  if (Ref<Environment> held = stack_.pop()) [[unlikely]]
+    survivors_.leave(std::move(held));
 }
 
 /// Makes the current scope as good as new. Where somebody else holds it, there has to be another one.

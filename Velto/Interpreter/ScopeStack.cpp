@@ -1,0 +1,33 @@
+#include "Velto/Interpreter/ScopeStack.h"
+
+namespace velto {
+
+ScopeStack::ScopeStack(Ref<Environment> outermost, std::shared_ptr<Logger> logger)
+    : logger_(std::move(logger)), slots_(2), top_(slots_.data()) {
+  *top_ = std::move(outermost);
+}
+
+void ScopeStack::push(Ref<Environment> scope) {
+  if (&top_[1] == &slots_.back()) grow();
+  *++top_ = std::move(scope);
+}
+
+/// For a scope that leaves the stack, and that others hold.
+void ScopeStack::release(Environment& scope) noexcept {
+  if (scope.isObserving_ || !scope.enclosing()) return;
+  scope.enclosing_->observe();
+  scope.isObserving_ = true;
+}
+
+void ScopeStack::makeNext() {
+  if (&top_[1] == &slots_.back()) grow();
+  top_[1] = makeRef<Environment>(nullptr, logger_);
+}
+
+void ScopeStack::grow() {
+  const std::size_t height = size() - 1;
+  slots_.resize(2 * slots_.size());
+  top_ = slots_.data() + height;
+}
+
+}  // namespace velto

@@ -1,0 +1,66 @@
+// The scopes that a run is in, and those that wait above them to be used again.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "Velto/Interpreter/Environment.h"
+
+namespace [[gnu::visibility("default")]] velto {
+
+/// Scopes are made again and again. Nearly every one ends unseen, with its block; its object and the room for its names
+/// then stay where they are, and serve the next one at that height. A scope that anybody could still find is never used
+/// again.
+class ScopeStack {
+ public:
+  ScopeStack(Ref<Environment> outermost, std::shared_ptr<Logger> logger);
+
+  std::span<const Ref<Environment>> scopes() const noexcept { return {slots_.data(), size()}; }
+  std::size_t size() const noexcept { return static_cast<std::size_t>(top_ - slots_.data()) + 1; }
+  const Ref<Environment>& top() const noexcept { return *top_; }
+  /// The scope around the current one, which there must be.
+  Environment& belowTop() const noexcept { return *top_[-1]; }
+
+  /// The scope that is pushed next if nothing else is, inside `enclosing`. It is new. Where its names are written
+  /// before it is pushed and that fails, they have to be taken back.
+  [[gnu::always_inline]] Environment& prepare(Environment* enclosing) {
+    if (!top_[1]) [[unlikely]]
+      makeNext();
+    Environment& scope = *top_[1];
+    // It has to live for as long as this scope stands here, so that the link needs no counting before `release`.
+    scope.enclosing_ = enclosing;
+    return scope;
+  }
+  [[gnu::always_inline]] void pushPrepared() noexcept { ++top_; }
+
+  void push(Ref<Environment> scope);
+
+  /// Leaves the current scope, which mustn't be the outermost. What others hold is given to the caller; null if it
+  /// isn't held.
+  [[gnu::always_inline]] Ref<Environment> pop() noexcept {
+    Ref<Environment> scope = std::move(*top_--);
+    if (!scope->isUnshared()) [[unlikely]] {
+      release(*scope);
+      return scope;
+    }
+    // Whatever goes with the names may push scopes meanwhile.
+    scope->values.clear();
+    if (scope->isObserving_) scope->letGoOfEnclosing();
+    if (!top_[1] && !scope->values.hasTable()) [[likely]]
+      top_[1].swap(scope);
+    return nullptr;
+  }
+
+ private:
+  static void release(Environment& scope) noexcept;
+  [[gnu::noinline]] void makeNext();
+  void grow();
+
+  std::shared_ptr<Logger> logger_;
+  std::vector<Ref<Environment>> slots_;  // the last one is null, so that a look tells whether there is a next one
+  Ref<Environment>* top_;
+};
+
+}  // namespace velto
