@@ -72,11 +72,27 @@ std::uint32_t SurvivingScopes::holdersHere(const Environment& scope) noexcept {
   return scope.isKept_ ? 2 : 1;
 }
 
+/// Keeps what the scopes that are let go of have held: by the count alone, it would be held for ever.
+struct SurvivingScopes::Keeping {
+  static constexpr bool hasKeys = true;
+  SurvivingScopes& survivors;
+  std::unordered_set<const Object*> entered;
+
+  void visit(const Function& function) {
+    const Ref<Environment>& closure = function.closure();
+    if (closure && !closure->isGone_ && !closure->isKept_) survivors.keep(closure);
+  }
+  bool enter(const Value& container) { return entered.insert(containerOf(container)).second; }
+};
+
 /// Empties the scopes, which nobody else can reach. False where memory lacks: then they stay as they are.
 bool SurvivingScopes::letGo(std::span<const Ref<Environment>> scopes) noexcept {
   for (const Ref<Environment>& scope : scopes) scope->isGone_ = true;
   try {
-    for (const Ref<Environment>& scope : scopes) keepWhatIsHeldBy(*scope);
+    Keeping keeping{*this, {}};
+    for (const Ref<Environment>& scope : scopes) {
+      for (const Bindings::Binding& binding : scope->values.bindings()) visitFunctions(binding.value, keeping);
+    }
   } catch (const std::bad_alloc&) {
     for (const Ref<Environment>& scope : scopes) scope->isGone_ = false;
     return false;
@@ -84,14 +100,6 @@ bool SurvivingScopes::letGo(std::span<const Ref<Environment>> scopes) noexcept {
   for (const Ref<Environment>& scope : scopes) scope->values.clear();
   if (keptCount_ >= forgetAt_) forgetThoseThatAreGone();
   return true;
-}
-
-/// By the count alone, what such scopes hold would be held for ever.
-void SurvivingScopes::keepWhatIsHeldBy(const Environment& scope) {
-  forEachHeldFunction(scope.values, [this](const Function& function) {
-    const Ref<Environment>& closure = function.closure();
-    if (closure && !closure->isGone_ && !closure->isKept_) keep(closure);
-  });
 }
 
 void SurvivingScopes::keep(Ref<Environment> scope) noexcept {
@@ -130,11 +138,15 @@ void SurvivingScopes::sweep() {
   for (const Ref<Environment>* scope = &kept_; *scope; scope = &(*scope)->next_) {
     if (!noted.contains(scope->get())) scopes.push_back({*scope, holdersHere(**scope), 0});
   }
-  letGo(unreachable(scopes));
+  Unreachable found = unreachable(scopes);
+  letGo(found.scopes);
+  found.scopes.clear();
   scopes.clear();
   forgetThoseThatAreGone();
   forgetTheDead();
-  sweepAt_ = std::max(fewest, 2 * (scopes_.size() + keptCount_));  // so that sweeping costs a constant per scope
+  // So that sweeping costs a constant per scope.
+  const std::size_t left = scopes_.size() + keptCount_;
+  sweepAt_ = left + std::max({fewest, left, found.sizeOfOthers});
 }
 
 /// And those that are noted a second time: a scope that a host pushes again is popped again.

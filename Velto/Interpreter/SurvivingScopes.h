@@ -27,9 +27,10 @@ class SurvivingScopes {
   void leave(Ref<Environment> scope) noexcept;
 
  private:
+  struct Keeping;
+
   static std::uint32_t holdersHere(const Environment& scope) noexcept;
   bool letGo(std::span<const Ref<Environment>> scopes) noexcept;
-  void keepWhatIsHeldBy(const Environment& scope);
   void keep(Ref<Environment> scope) noexcept;
   void forgetThoseThatAreGone() noexcept;
   void note(Environment& scope) noexcept;

@@ -9,77 +9,117 @@ namespace velto {
 
 namespace {
 
-/// References to scopes and functions are counted, each in its object. What is left of a count when those from the
-/// scopes themselves are taken away comes from outside.
+/// References to scopes, functions and containers are counted, each in its object. What is left of a count when those
+/// that come from the scopes are taken away comes from outside.
 class ReachableScopes {
  public:
   explicit ReachableScopes(const std::vector<ScopeInQuestion>& scopes) {
     for (const auto& [scope, holders, observers] : scopes) {
-      outside_[scope.get()] = {scope->holderCount() - holders, scope->observerCount() - observers};
+      scopes_[scope.get()] = {scope->holderCount() - holders, scope->observerCount() - observers};
     }
     for (const ScopeInQuestion& question : scopes) countFrom(*question.scope);
-    for (const auto& [scope, references] : outside_) {
-      if (references.holders > 0 || references.observers > 0) reach(scope);
-    }
-    for (const auto& [function, holders] : holdersOutside_) {
-      if (holders > 0) reach(function->closure().get());
-    }
-    while (!waiting_.empty()) reachFrom(takeNext());
+    reachFromOutside();
+    while (const std::optional<const Environment*> scope = takeLast(waiting_)) reachFrom(**scope);
   }
 
   bool contain(const Environment& scope) const { return reached_.contains(&scope); }
+  std::size_t size() const noexcept { return size_; }
 
  private:
-  struct References {
+  struct ScopeReferences {
     std::uint32_t holders;
     std::uint32_t observers;
   };
+  struct ContainerReferences {
+    const Value* container;
+    std::uint32_t holders;
+  };
 
-  template <typename Work>
-  static void forEachFunction(const Environment& scope, const Work& work) {
-    for (const Bindings::Binding& binding : scope.values.bindings()) {
-      if (const Function* const function = declaredFunction(binding.value)) work(*function);
+  struct Counting {
+    static constexpr bool hasKeys = false;
+    ReachableScopes& all;
+
+    void visit(const Function& function) { all.count(function); }
+    bool enter(const Value& container) { return all.count(container); }
+  };
+  struct Reaching {
+    static constexpr bool hasKeys = true;
+    ReachableScopes& all;
+
+    void visit(const Function& function) { all.reach(function.closure().get()); }
+    bool enter(const Value& container) { return all.reach(container); }
+  };
+
+  void countFrom(const Environment& scope) {
+    if (const auto outer = scopes_.find(scope.enclosing()); outer != scopes_.end()) --outer->second.observers;
+    Counting counting{*this};
+    for (const Bindings::Binding& binding : scope.values.bindings()) visitFunctions(binding.value, counting);
+  }
+
+  void count(const Function& function) {
+    const auto [found, isNew] = functions_.try_emplace(&function, function.holderCount());
+    --found->second;
+    const auto closure = scopes_.find(function.closure().get());
+    if (isNew && closure != scopes_.end()) --closure->second.holders;
+  }
+
+  /// True at the first reference to the container.
+  bool count(const Value& container) {
+    const Object* const object = containerOf(container);
+    const auto [found, isNew] = containers_.try_emplace(object, ContainerReferences{&container, object->holderCount()});
+    --found->second.holders;
+    return isNew;
+  }
+
+  void reachFromOutside() {
+    for (const auto& [scope, references] : scopes_) {
+      if (references.holders > 0 || references.observers > 0) reach(scope);
+    }
+    for (const auto& [function, holders] : functions_) {
+      if (holders > 0) reach(function->closure().get());
+    }
+    for (const auto& [object, references] : containers_) {
+      if (references.holders > 0) reachWithin(*references.container);
     }
   }
 
-  void countFrom(const Environment& scope) {
-    if (const auto outer = outside_.find(scope.enclosing()); outer != outside_.end()) --outer->second.observers;
-    forEachFunction(scope, [&](const Function& function) {
-      const auto [found, isNew] = holdersOutside_.try_emplace(&function, function.holderCount());
-      --found->second;
-      const auto closure = outside_.find(function.closure().get());
-      if (isNew && closure != outside_.end()) --closure->second.holders;
-    });
+  void reachFrom(const Environment& scope) {
+    reach(scope.enclosing());
+    for (const Bindings::Binding& binding : scope.values.bindings()) reachWithin(binding.value);
+  }
+
+  void reachWithin(const Value& value) {
+    Reaching reaching{*this};
+    visitFunctions(value, reaching);
   }
 
   void reach(const Environment* scope) {
-    if (outside_.contains(scope) && reached_.insert(scope).second) waiting_.push_back(scope);
+    if (scopes_.contains(scope) && reached_.insert(scope).second) waiting_.push_back(scope);
   }
 
-  const Environment* takeNext() {
-    const Environment* const scope = waiting_.back();
-    waiting_.pop_back();
-    return scope;
+  /// True the first time that the container is reached.
+  bool reach(const Value& container) {
+    const bool isNew = entered_.insert(containerOf(container)).second;
+    if (isNew) size_ += container.array() ? container.array()->size() : container.dictionary()->size();
+    return isNew;
   }
 
-  void reachFrom(const Environment* scope) {
-    reach(scope->enclosing());
-    forEachFunction(*scope, [&](const Function& function) { reach(function.closure().get()); });
-  }
-
-  std::unordered_map<const Environment*, References> outside_;
-  std::unordered_map<const Function*, std::uint32_t> holdersOutside_;
+  std::unordered_map<const Environment*, ScopeReferences> scopes_;
+  std::unordered_map<const Function*, std::uint32_t> functions_;
+  std::unordered_map<const Object*, ContainerReferences> containers_;
   std::unordered_set<const Environment*> reached_;
+  std::unordered_set<const Object*> entered_;
+  std::size_t size_ = 0;  // of the containers that have been entered
   std::vector<const Environment*> waiting_;
 };
 
 }  // namespace
 
-std::vector<Ref<Environment>> unreachable(const std::vector<ScopeInQuestion>& scopes) {
+Unreachable unreachable(const std::vector<ScopeInQuestion>& scopes) {
   const ReachableScopes reachable(scopes);
-  std::vector<Ref<Environment>> found;
+  Unreachable found{{}, reachable.size()};
   for (const ScopeInQuestion& question : scopes) {
-    if (!reachable.contain(*question.scope)) found.push_back(question.scope);
+    if (!reachable.contain(*question.scope)) found.scopes.push_back(question.scope);
   }
   return found;
 }

@@ -21,7 +21,8 @@ struct Witness final : Object {
 
 class ScopeLifetimeTest : public testing::Test {
  protected:
-  /// Runs a program that can call `witness()`, and gives how many witnesses live at its end, told by `living()`.
+  /// Runs a program that can call `witness()`, and gives how many witnesses live at its end, told by `living()`. What
+  /// `keyed(x)` gives has a key that the language itself doesn't take: `x`.
   std::string run(const std::string& program) {
     struct Witnessing final : Library {
       explicit Witnessing(Int& living) : living(living) {}
@@ -29,6 +30,11 @@ class ScopeLifetimeTest : public testing::Test {
         Int& count = living;
         interpreter.globals().define(
             "witness", makeRef<Function0>("witness", [&count] { return Value(makeRef<Witness>(count)); }));
+        interpreter.globals().define("keyed", makeRef<Function1>("keyed", [](const Value& key) -> Value {
+                                       Dictionary dictionary;
+                                       dictionary.set(key, 1);
+                                       return dictionary;
+                                     }));
         interpreter.globals().define("living", makeRef<Function0>("living", [&count] { return Value(count); }));
       }
       Int& living;
@@ -82,6 +88,43 @@ TEST_F(ScopeLifetimeTest, SweepsScopesThatHoldOneAnother) {
   EXPECT_EQ(run("func make() var w = witness() var other = 1 func set(_ x) other = x end return set end "
                 "for i in 0..<1000 var a = make() var b = make() a(b) b(a) end print(living() < 400)"),
             "truetrue");
+}
+
+TEST_F(ScopeLifetimeTest, SweepsScopesWhoseFunctionsStandInArraysAndDictionaries) {
+  for (const char* holder : {"[f]", "[\"k\": f]", "[[1, [\"k\": [f, f]]], f]"}) {
+    host.processor.libraries = {};
+    EXPECT_EQ(run(std::string("for i in 0..<1000 var w = witness() func f() return w end var held = ") + holder +
+                  " var both = [held, held] end print(living() < 200)"),
+              "true")
+        << holder;
+    host.files->files["<1>"] = "";
+  }
+}
+
+TEST_F(ScopeLifetimeTest, KeepsScopesThatAnArrayOutsideLeadsTo) {
+  EXPECT_EQ(run("var kept = [] func make(_ n) var w = witness() func f() return \"\\(n)\\(w) \" end "
+                "var held = [[f], [n: f]] return [held, n] end "
+                "for i in 0..<500 var made = make(i) if i == 7 || i == 300 kept = [made, kept] end end "
+                "print(kept[0][0][0][0]()) print(kept[1][0][0][1][7]()) print(living() < 300)"),
+            "300witness 7witness true");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsScopesThatKeysLeadTo) {
+  EXPECT_EQ(run("var kept = nil func make(_ n) var w = witness() func f() return w end return keyed([f]) end "
+                "for i in 0..<500 var made = make(i) if i == 7 kept = made end end "
+                "for (list, one) in kept print(list[0]()) end"),
+            "witness");
+  // A scope that is let go of has held the body of the loop by a key.
+  EXPECT_EQ(run("var keep = nil if true var w = witness() func h() end if true func g() return w end keep = g end "
+                "if true func f() end var held = keyed(h) end h = nil end "
+                "for i in 0..<1000 func f() end var other = [f] end print(keep())"),
+            "witnesswitness");
+}
+
+TEST_F(ScopeLifetimeTest, GoesOnceThroughArraysThatShareTheirParts) {
+  EXPECT_EQ(run("func f() func own() return 1 end var a = [own] for i in 0..<100 a = [a, a] end func other() end end "
+                "for i in 0..<200 f() end print(1)"),
+            "1");
 }
 
 TEST_F(ScopeLifetimeTest, KeepsARingThatAFunctionLeadsTo) {
