@@ -4,8 +4,10 @@
 
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tests/reliability/Sanitizers.h"
 #include "tests/support/StackThread.h"
@@ -14,6 +16,7 @@
 namespace velto::test {
 namespace {
 
+using testing::Contains;
 using testing::IsEmpty;
 
 /// How deep things are: too deep for the larger of the two stacks. More takes longer and may be asked for.
@@ -91,11 +94,27 @@ struct Chain {
   std::string link;
 };
 
-class DeepChain : public testing::TestWithParam<Chain> {};
+class DeepChain : public testing::TestWithParam<Chain> {
+ protected:
+  /// That `range` is one of the expressions which the chain consists of. Gives how many links that one has.
+  static Int expectLinksFromTheStart(const Range& range) {
+    const auto& [name, first, link] = GetParam();
+    const Int length = static_cast<Int>(link.size());
+    const Int linked = range.endColumn - 1 - static_cast<Int>(first.size());
+    EXPECT_EQ(range.file, "main.velto");
+    EXPECT_EQ(range.startLine, 2);
+    EXPECT_EQ(range.startColumn, 1);
+    EXPECT_EQ(range.endLine, 2);
+    EXPECT_EQ(linked % length, 0);
+    EXPECT_GT(linked, 0);
+    return linked / length;
+  }
+};
 
 TEST_P(DeepChain, ExhaustsTheStackWhenItIsEvaluated) {
   const auto& [name, first, link] = GetParam();
   const std::string program = "print(\"before\")\n" + first + repeated(link) + "\nprint(\"behind\")";
+  std::vector<Int> linksLeft;
   onBothStacks([&] {
     TestHost host;
     host.run(program);
@@ -104,13 +123,15 @@ TEST_P(DeepChain, ExhaustsTheStackWhenItIsEvaluated) {
     // The resolver may come to the end of the stack before, and lets the program run.
     ASSERT_FALSE(host.logger->messages.empty());
     for (const Message& message : host.logger->messages) {
-      if (message.level != Message::Level::error) continue;
+      EXPECT_EQ(message.level, Message::Level::error);
       EXPECT_EQ(message.message, "Stack exhausted.");
-      EXPECT_EQ(message.range().startLine, 2);
-      EXPECT_EQ(message.range().startColumn, 1);
+      linksLeft.push_back(expectLinksFromTheStart(message.range()));
     }
+    EXPECT_LT(linksLeft.back(), depth - (isSanitized ? 10 : 50));
     expectToGoOn(host);
   });
+  // With less stack more of the chain is left when the evaluation ends.
+  EXPECT_GT(linksLeft.back(), linksLeft.front());
 }
 
 INSTANTIATE_TEST_SUITE_P(Long, DeepChain,
@@ -227,46 +248,104 @@ TEST(DeepDocument, IsNilWhereTheStackIsTooSmall) {
   });
 }
 
+/// Something that comes back to itself in `body`, and where that may be when the stack ends: one of these parts of it.
 struct Runaway {
   std::string name;
-  std::string program;
+  std::string before;
+  std::string body;
+  std::string after;
+  std::vector<std::string> places;
+  std::string file = "main.velto";
 };
 
-class RunawayRecursion : public testing::TestWithParam<Runaway> {};
+class RunawayRecursion : public testing::TestWithParam<Runaway> {
+ protected:
+  static std::string program() {
+    return "print(\"before\")\n" + GetParam().before + GetParam().body + GetParam().after;
+  }
+
+  /// The messages of which the first one has to be one.
+  static std::vector<std::string> reports() {
+    const auto& [name, before, body, after, places, file] = GetParam();
+    const std::string line = file == "main.velto" ? "2:" : "1:";
+    const std::size_t bodyBegin = file == "main.velto" ? before.size() : 0;
+    const std::string& source = file == "main.velto" ? body : files.at("/" + file);
+    std::vector<std::string> reports;
+    for (const std::string& place : places) {
+      const std::size_t begin = bodyBegin + source.find(place) + 1;
+      reports.push_back(file + ":" + line + std::to_string(begin) + "..." + line +
+                        std::to_string(begin + place.size()) + ": error: Stack exhausted.");
+    }
+    return reports;
+  }
+
+  static inline const std::map<std::string, std::string> files = {
+      {"/include", "<% include \"include\" %>"},
+      {"/process", "<% process(\"process\", into: \"/out\") %>"},
+      {"/execute", "execute(\"execute\")"},
+      {"/twice", "<% include \"twice\" %><% include \"twice\" %>"}};
+};
 
 TEST_P(RunawayRecursion, IsReportedAndEndsTheFailingPart) {
   onBothStacks([] {
     TestHost host;
-    host.files->files = {{"/include", "<% include \"include\" %>"},
-                         {"/process", "<% process(\"process\", into: \"/out\") %>"},
-                         {"/execute", "execute(\"execute\")"},
-                         {"/twice", "<% include \"twice\" %><% include \"twice\" %>"}};
-    host.run("print(\"before\")\n" + GetParam().program);
+    host.files->files = files;
+    host.run(program());
     EXPECT_EQ(host.step, VeltoError::Step::interpret);
     EXPECT_EQ(host.output(), "before");
     ASSERT_FALSE(host.logger->messages.empty());
-    EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
-    EXPECT_EQ(host.logger->messages.front().level, Message::Level::error);
+    EXPECT_THAT(reports(), Contains(exact(host.logger->messages.front())));
     expectToGoOn(host);
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, RunawayRecursion,
-                         testing::Values(Runaway{"Functions", "func f() f() end f()"},
-                                         Runaway{"EmptyBlocks", "func f() if true end f() end f()"},
-                                         Runaway{"Values", "func f() return 1 + f() end f()"},
-                                         Runaway{"TwoFunctions", "func f() return g() end func g() return f() end f()"},
-                                         Runaway{"Maps", "func f(_ x) return [x].map(f) end f(1)"},
-                                         Runaway{"Filters", "func f(_ x) return [x].filter(f) end f(1)"},
-                                         Runaway{"Sorts", "func f(_ a, _ b) return [a, b].sorted(by: f) end f(1, 2)"},
-                                         Runaway{"Texts", "func f() return \"\\(f())\" end f()"},
-                                         Runaway{"Loops", "func f() for i in [1, 2] while true f() end end end f()"},
-                                         Runaway{"Branches", "func f() switch 1 case 1: if true f() end end end f()"},
-                                         Runaway{"Includes", "include \"include\""},
-                                         Runaway{"IncludesTwice", "include \"twice\""},
-                                         Runaway{"Processes", "process(\"process\", into: \"/out\")"},
-                                         Runaway{"Executions", "execute(\"execute\")"}),
-                         [](const auto& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Of, RunawayRecursion,
+    testing::Values(
+        Runaway{"Functions", "func f() ", "f()", " end f()", {"f()"}},
+        Runaway{"EmptyBlocks", "func f() ", "if true end f()", " end f()", {"if true", "f()"}},
+        Runaway{"Values", "func f() ", "return 1 + f()", " end f()", {"return 1 + f()", "1 + f()", "f()"}},
+        Runaway{"TwoFunctions",
+                "func f() ",
+                "return g() end func g() return f()",
+                " end f()",
+                {"return g()", "g()", "return f()", "f()"}},
+        Runaway{"Maps",
+                "func f(_ x) ",
+                "return [x].map(f)",
+                " end f(1)",
+                {"return [x].map(f)", "[x].map(f)", "[x].map", "[x]"}},
+        Runaway{"Filters",
+                "func f(_ x) ",
+                "return [x].filter(f)",
+                " end f(1)",
+                {"return [x].filter(f)", "[x].filter(f)", "[x].filter", "[x]"}},
+        Runaway{"Sorts",
+                "func f(_ a, _ b) ",
+                "return [a, b].sorted(by: f)",
+                " end f(1, 2)",
+                {"return [a, b].sorted(by: f)", "[a, b].sorted(by: f)", "[a, b].sorted", "[a, b]"}},
+        Runaway{"Texts", "func f() ", "return \"\\(f())\"", " end f()", {"return \"\\(", "\"\\(", "f()"}},
+        Runaway{"Loops",
+                "func f() ",
+                "for i in [1, 2] while true f() end end",
+                " end f()",
+                {"for i in [1, 2] while true f() end end", "[1, 2]", "while true f() end", "f()"}},
+        Runaway{"Branches",
+                "func f() ",
+                "switch 1 case 1: if true f() end end",
+                " end f()",
+                {"switch 1 case 1: if true f() end end", "if true f()", "f()"}},
+        Runaway{"Includes", "include \"include\"", "", "", {"\"include\""}, "include"},
+        Runaway{"IncludesTwice", "include \"twice\"", "", "", {"\"twice\""}, "twice"},
+        Runaway{"Processes",
+                "process(\"process\", into: \"/out\")",
+                "",
+                "",
+                {"process(\"process\", into: \"/out\")", "\"process\""},
+                "process"},
+        Runaway{"Executions", "execute(\"execute\")", "", "", {"execute(\"execute\")", "\"execute\""}, "execute"}),
+    [](const auto& info) { return info.param.name; });
 
 }  // namespace
 }  // namespace velto::test

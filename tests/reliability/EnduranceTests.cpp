@@ -315,8 +315,19 @@ TEST(Stacks, OfAnySizeAreEnoughToReportTheirEnd) {
       host.processor.globals = smallProjectGlobals();
       host.run(program);
       EXPECT_EQ(host.step, VeltoError::Step::interpret);
+      ASSERT_FALSE(host.logger->messages.empty());
+      EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
+      for (const Message& message : host.logger->messages) {
+        if (message.level != Message::Level::info) {
+          EXPECT_EQ(message.message, "Stack exhausted.");
+        }
+      }
+      host.logger->messages.clear();
+      host.files->files["<1>"] = "";
       host.run("print(1 + 1)");
       EXPECT_EQ(host.step, std::nullopt);
+      EXPECT_EQ(host.output(), "2");
+      EXPECT_THAT(host.messages(), testing::IsEmpty());
     });
     ASSERT_FALSE(testing::Test::HasFailure());
     ++runs;
