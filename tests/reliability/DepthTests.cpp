@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,27 +55,60 @@ struct Source {
   std::string open;
   std::string middle = "1";
   std::string close = "";
+  bool isTemplate = false;
 };
 
-class DeepSource : public testing::TestWithParam<Source> {};
+class DeepSource : public testing::TestWithParam<Source> {
+ protected:
+  /// That `range`, far inside the nested openings, is that of one of the tokens of which one of them consists.
+  static void expectTokenInside(const Range& range) {
+    const std::string& open = GetParam().open;
+    const Int width = static_cast<Int>(open.size());
+    EXPECT_EQ(range.file, file());
+    EXPECT_EQ(range.startLine, 1);
+    EXPECT_EQ(range.endLine, 1);
+    EXPECT_GT(range.startColumn, (isSanitized ? 10 : 50) * width);
+    EXPECT_LE(range.startColumn, depth * width);
+    const Int before = (range.startColumn - 1) / width * width;
+    std::vector<std::string> places;
+    const Scanner::Mode mode = GetParam().isTemplate ? Scanner::Mode::template_ : Scanner::Mode::program;
+    const auto logger = std::make_shared<ArrayLogger>();
+    for (const Token& token : Unpacker(Scanner(open, mode, logger, file()).scanTokens(), logger).unpack()) {
+      places.push_back(columns(token.range));
+    }
+    EXPECT_THAT(places, Contains(std::to_string(range.startColumn - before) + "..." +
+                                 std::to_string(range.endColumn - before)));
+  }
+
+  static std::string file() { return GetParam().isTemplate ? "template" : "main.velto"; }
+
+ private:
+  static std::string columns(const Range& range) {
+    return std::to_string(range.startColumn) + "..." + std::to_string(range.endColumn);
+  }
+};
 
 TEST_P(DeepSource, IsASyntaxErrorAtTheTokenThatIsTooDeep) {
-  const auto& [name, open, middle, close] = GetParam();
-  const std::string program = repeated(open) + middle + repeated(close);
-  const Int width = static_cast<Int>(open.size());
+  const auto& [name, open, middle, close, isTemplate] = GetParam();
+  const std::string source = repeated(open) + middle + repeated(close);
+  std::vector<Int> columns;
   onBothStacks([&] {
     TestHost host;
-    host.run(program);
-    EXPECT_EQ(host.step, VeltoError::Step::parse);
+    if (isTemplate) host.files->files["/" + file()] = source;
+    host.run(isTemplate ? "include \"" + file() + "\"" : source);
+    EXPECT_EQ(host.step, isTemplate ? VeltoError::Step::interpret : VeltoError::Step::parse);
     ASSERT_FALSE(host.logger->messages.empty());
     const Message& message = host.logger->messages.front();
     EXPECT_EQ(message.message, "Nesting is too deep.");
-    EXPECT_EQ(message.range().startLine, 1);
-    EXPECT_GT(message.range().startColumn, (isSanitized ? 10 : 50) * width);
-    EXPECT_LE(message.range().startColumn, depth * width);
+    EXPECT_EQ(message.level, Message::Level::error);
+    expectTokenInside(message.range());
+    columns.push_back(message.range().startColumn);
     EXPECT_EQ(host.output(), "");
     expectToGoOn(host);
   });
+  // The small stack ends earlier.
+  ASSERT_EQ(columns.size(), 2u);
+  EXPECT_LT(columns[1], columns[0]);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -85,7 +119,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Source{"Whiles", "while true ", "1", "end "}, Source{"Loops", "for i in 0...0 ", "1", "end "},
                     Source{"Functions", "func f() ", "1", "end "},
                     Source{"Switches", "switch 1 default: ", "1", "end "}, Source{"Calls", "f(", "1", ")"},
-                    Source{"Subscripts", "a[", "1", "]"}, Source{"Assignments", "a="}),
+                    Source{"Subscripts", "a[", "1", "]"}, Source{"Assignments", "a="},
+                    Source{"TemplateIfs", "<% if true %>", "1", "<% end %>", true},
+                    Source{"TemplateLoops", "<% for i in 0...0 %>x", "1", "<% end %>", true}),
     [](const auto& info) { return info.param.name; });
 
 struct Chain {
