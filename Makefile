@@ -60,11 +60,13 @@ tidy: dependencies
 	cmake --preset tidy
 	scripts/run-tidy $(JOBS)
 
-# Many programs on many threads, under the sanitizer for threads.
+# Many programs on many threads, and what threads share below them, under the sanitizer for threads.
 threads: dependencies
 	cmake --preset threads
 	cmake --build --preset threads -j $(JOBS)
 	$(CTEST) --test-dir build/threads -R '^reliability.Thread$$'
+	build/threads/bin/PlatformTests --gtest_brief=1 \
+	  --gtest_filter='Ref.IsCountedRightByManyThreads:BufferingTest.AThreadWritesWhatIsLeftWhenItEnds'
 
 # What takes too long for `make test`: memory that lacks anywhere, stacks of all sizes, runs that are killed, tens of
 # millions of turns, and depth in the millions. It ends after about so many seconds.
