@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/reliability/FailingAllocator.h"
+#include "tests/reliability/InterpreterHost.h"
 #include "tests/reliability/Place.h"
 #include "tests/reliability/Sanitizers.h"
 #include "tests/support/StackThread.h"
@@ -180,32 +181,10 @@ TEST(ARecordOfAHost, TellsOfALackOfMemoryWhereItsMembersAreListed) {
   EXPECT_EQ(Value(object(leaf)).description(), "Leaf(name: a, size: 1)");
 }
 
-/// An interpreter of a host's that prints into a text.
-class Host {
- public:
-  Host() {
-    for (const auto& [path, bytes] : smallProject()) files->files["/" + path] = bytes;
-    files->directories.insert("/output");
-    for (const auto& [name, value] : smallProjectGlobals()) interpreter.globals().define(name, value);
-    interpreter.globals().define("outputPath", "/output");
-    interpreter.print = [this](const String& text) { printed = std::move(printed).appending(text); };
-  }
-
-  Statements parsed(const std::string& source) const {
-    Scanner scanner(source, Scanner::Mode::program, logger, "source");
-    return Parser(Unpacker(scanner.scanTokens(), logger).unpack(), logger).parse();
-  }
-
-  const std::shared_ptr<MemoryFileSystem> files = std::make_shared<MemoryFileSystem>();
-  const std::shared_ptr<ArrayLogger> logger = std::make_shared<ArrayLogger>();
-  Interpreter interpreter{Url("/"), logger, files};
-  String printed;
-};
-
 /// What has come of statements in which an allocation was to fail.
 enum class End { reached, outOfMemory, failureSwallowed };
 
-End endOf(Host& host, const Statements& statements, std::size_t number, Failing failing) {
+End endOf(InterpreterHost& host, const Statements& statements, std::size_t number, Failing failing) {
   const AllocationFailure failure(number, failing);
   try {
     host.interpreter.interpret(statements);
@@ -220,7 +199,7 @@ class EachAllocationOfAnInterpreter : public testing::TestWithParam<Failing> {};
 TEST_P(EachAllocationOfAnInterpreter, LeavesItUsable) {
   std::size_t failures = 0;
   for (std::size_t number = 0;; ++number) {
-    Host host;
+    InterpreterHost host;
     const Statements statements = host.parsed(smallProject().at("main.velto"));
     const Statements more = host.parsed("print(\"!\") process(\"footer.txt\", into: \"again\")");
     const End end = endOf(host, statements, number, GetParam());

@@ -6,7 +6,9 @@ namespace velto::test {
 namespace {
 
 bool fails(FailingFileSystem::Failure& failure, const std::string& call) {
-  if (failure.untilFailure-- != 0) return false;
+  if (failure.isMended) return false;
+  if (!failure.call.empty()) return failure.goesOn;
+  if (failure.untilFailure-- > 0) return false;
   failure.call = call;
   return true;
 }

@@ -1,4 +1,4 @@
-// A file system of which one call fails.
+// A file system of which one call fails, or one and all behind it.
 #pragma once
 
 #include <memory>
@@ -8,13 +8,15 @@
 
 namespace velto::test {
 
-/// Passes all calls on to other files, but for one, which fails in the way that its kind can.
+/// Passes all calls on to other files, but for those that are to fail, which do it in the way that their kind can.
 class FailingFileSystem final : public FileSystem {
  public:
   /// The calls are counted from 0, the writes to handles with them.
   struct Failure {
     int untilFailure;
-    std::string call = {};  ///< what failed, such as "read /a.txt"; empty while nothing has
+    bool goesOn = false;    ///< whether all calls behind that one fail, too
+    bool isMended = false;  ///< whether nothing fails any more
+    std::string call = {};  ///< what failed first, such as "read /a.txt"; empty while nothing has
   };
 
   FailingFileSystem(std::shared_ptr<FileSystem> files, std::shared_ptr<Failure> failure)

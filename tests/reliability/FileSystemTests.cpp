@@ -1,94 +1,19 @@
-// Each call of a file system fails once.
+// File systems of a host: what they throw, and texts that come in pieces.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <memory>
 #include <new>
-#include <set>
 #include <string>
-#include <vector>
 
-#include "tests/reliability/FailingFileSystem.h"
-#include "tests/reliability/Place.h"
+#include "Velto/Velto.h"
 #include "tests/support/BareFileSystem.h"
 
 namespace velto::test {
 namespace {
 
-using Failure = FailingFileSystem::Failure;
-using testing::AnyOf;
-using testing::ElementsAre;
-using testing::EndsWith;
 using testing::IsEmpty;
-
-/// What comes of `main.velto` when one call fails.
-struct FailedRun {
-  std::string call;  ///< empty if the run had no such call
-  Outcome outcome;
-};
-
-FailedRun runFailing(int number) {
-  const auto failure = std::make_shared<Failure>(Failure{number});
-  MemoryPlace place([&](auto files) { return std::make_shared<FailingFileSystem>(files, failure); });
-  Outcome outcome = place.run("main.velto");
-  return {failure->call, std::move(outcome)};
-}
-
-/// Whatever is there is the start of what should be there.
-void expectPrefixes(const Outcome& outcome) {
-  for (const auto& [path, bytes] : outcome.files) {
-    EXPECT_TRUE(expectedFiles().contains(path) && expectedFiles().at(path).starts_with(bytes)) << path;
-  }
-  EXPECT_TRUE(expectedOutput().starts_with(outcome.output)) << outcome.output;
-}
-
-TEST(EachCall, LeavesTheStartOfEachFile) {
-  int number = 0;
-  for (FailedRun run = runFailing(0); !run.call.empty(); run = runFailing(++number)) {
-    SCOPED_TRACE(run.call);
-    expectPrefixes(run.outcome);
-    EXPECT_FALSE(run.outcome.lackedMemory);
-  }
-  EXPECT_GT(number, 20);
-}
-
-/// What is reported, for each kind of call.
-void expectMessages(const FailedRun& run) {
-  const std::size_t blank = std::min(run.call.find(' '), run.call.size() - 1);
-  const std::string path = run.call.substr(blank + 1);
-  const std::string file = std::filesystem::path(path).filename().string();
-  const std::vector<std::string>& messages = run.outcome.messages;
-  if (run.call.starts_with("write ") || run.call.starts_with("copy ") || run.call.starts_with("descriptor ")) {
-    EXPECT_THAT(messages, IsEmpty());
-    EXPECT_EQ(run.outcome.step, std::nullopt);
-  } else if (file == "main.velto") {
-    EXPECT_THAT(messages, IsEmpty());
-    EXPECT_EQ(run.outcome.fileError, "Input/output error");
-  } else if (run.call.starts_with("read ") && file != "model.json") {
-    EXPECT_THAT(messages.at(0), AnyOf(EndsWith("error: Cannot process '" + file + "': Input/output error"),
-                                      EndsWith("error: Cannot execute '" + file + "': Input/output error"),
-                                      EndsWith("error: Cannot include '" + file + "': Input/output error.")));
-    EXPECT_EQ(run.outcome.step, VeltoError::Step::interpret);
-  } else if (run.call.starts_with("create ")) {
-    EXPECT_THAT(messages.at(0),
-                testing::MatchesRegex(".*error: `process` cannot open '.*" + file + "' for writing\\."));
-    EXPECT_EQ(run.outcome.step, VeltoError::Step::interpret);
-  }
-}
-
-TEST(EachCall, IsReportedAsItsKindIs) {
-  int number = 0;
-  std::set<std::string> kinds;
-  for (FailedRun run = runFailing(0); !run.call.empty(); run = runFailing(++number)) {
-    SCOPED_TRACE(run.call);
-    expectMessages(run);
-    kinds.insert(run.call.substr(0, run.call.find(' ')));
-  }
-  EXPECT_THAT(kinds, ElementsAre("copy", "create", "currentDirectory", "descriptor", "mkdir", "read", "write"));
-}
 
 /// A file system of a host's that throws what it likes.
 template <typename Exception>
