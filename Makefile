@@ -93,7 +93,6 @@ coverage: dependencies
 # Whether the tests notice small changes of the library, drawn for so many seconds; scripts/mutate tells how.
 mutants: SECONDS ?= 600
 mutants: dependencies
-	scripts/install-dependencies python3
 	scripts/mutate --seconds $(SECONDS) --jobs $(JOBS)
 
 # How time and memory grow: the stages over sizes of their input, then whole programs in processes of their own.

@@ -25,20 +25,21 @@ class Build:
         self.project = project
         self.source = folder / "source"
         self.binaries = folder / "build"
+        self.files = sorted(path for name in MUTATED for path in (project / "Velto" / name).iterdir())
+        self.files = [path for path in self.files if path.suffix in (".h", ".cpp")]
         self.mutations = {}
+        """All there are, by numbers that they keep while the sources stay."""
+        for path in self.files:
+            found = mutations_of(str(path.relative_to(project)), path.read_text())
+            self.mutations |= dict(enumerate(found, len(self.mutations) + 1))
         self.dropped = set()
 
     def prepare(self):
-        """Copies the project and finds all mutations; they keep their numbers while the sources stay."""
+        """Copies the project."""
         for name in COPIED:
             self.copy(self.project / name)
-        files = sorted(path for name in MUTATED for path in (self.project / "Velto" / name).iterdir())
-        files = [path for path in files if path.suffix in (".h", ".cpp")]
-        for path in files:
-            name = str(path.relative_to(self.project))
-            self.mutations |= dict(enumerate(mutations_of(name, path.read_text()), len(self.mutations) + 1))
         self.read_dropped()
-        for path in files:
+        for path in self.files:
             self.write(path)
 
     def copy(self, path):
