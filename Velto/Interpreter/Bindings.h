@@ -39,7 +39,8 @@ class Bindings {
     // As numbers, since there needn't be any memory for the place to lie in.
     const auto address = reinterpret_cast<std::uintptr_t>(bindings_.data()) + place * sizeof(Binding);
     if (address >= reinterpret_cast<std::uintptr_t>(bindings_.data() + bindings_.size())) return nullptr;
-    const auto* const binding = reinterpret_cast<const Binding*>(address);  // NOLINT(performance-no-int-to-ptr)
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the number was made of a pointer into the same array
+    const auto* const binding = reinterpret_cast<const Binding*>(address);
     return binding->name.isSameAs(name) ? &binding->value : nullptr;
   }
   Value* findAt(std::uint32_t place, const String& name) noexcept {
