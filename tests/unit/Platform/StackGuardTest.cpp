@@ -5,9 +5,13 @@
 #include <pthread.h>
 #include <ucontext.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <thread>
+
+#include "tests/reliability/Sanitizers.h"
 
 namespace velto {
 namespace {
@@ -19,6 +23,33 @@ namespace {
   frame[depth % 100] = 1;
   return depthUntilExhausted(guard, depth + 1) + frame[(depth + 1) % 100];
 }
+
+std::uintptr_t here() {
+  return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+}
+
+/// Goes down until the guard says stop, and gives the place on the stack.
+[[gnu::noinline]] std::uintptr_t placeWhereExhausted(const StackGuard& guard) {
+  if (guard.isExhausted()) return here();
+  volatile char frame[100] = {};
+  return placeWhereExhausted(guard) + static_cast<std::uintptr_t>(frame[0]);
+}
+
+/// Where the stack of this thread ends, as the system tells it.
+std::uintptr_t lowestPlace() {
+  pthread_attr_t attributes;
+  EXPECT_EQ(::pthread_getattr_np(::pthread_self(), &attributes), 0);
+  void* lowest = nullptr;
+  std::size_t size = 0;
+  std::size_t guard = 0;
+  ::pthread_attr_getstack(&attributes, &lowest, &size);
+  ::pthread_attr_getguardsize(&attributes, &guard);
+  ::pthread_attr_destroy(&attributes);
+  return reinterpret_cast<std::uintptr_t>(lowest) + guard;
+}
+
+/// More than any step here takes, under a sanitizer too.
+constexpr std::size_t step = 4096;
 
 void runOnThread(std::size_t stackSize, std::function<void()> run) {
   pthread_attr_t attributes;
@@ -51,6 +82,17 @@ TEST(StackGuard, EndsRecursionOnThreadsOfAnySize) {
   }
 }
 
+TEST(StackGuard, KeepsAnEighthUpToTheLargestReserve) {
+  constexpr std::size_t largest = (test::isSanitized ? 512 : 128) * 1024;
+  for (const std::size_t size : {256u * 1024, 64u * 1024 * 1024}) {
+    std::size_t left = 0;
+    runOnThread(size, [&] { left = placeWhereExhausted(StackGuard()) - lowestPlace(); });
+    const std::size_t reserve = std::min(size / 8, largest);
+    EXPECT_LE(left, reserve) << size;
+    EXPECT_GT(left, reserve - 2 * step) << size;
+  }
+}
+
 TEST(StackGuard, UsesMostOfALargeStack) {
   int small = 0;
   int large = 0;
@@ -60,14 +102,14 @@ TEST(StackGuard, UsesMostOfALargeStack) {
 }
 
 TEST(StackGuard, EndsRecursionOnAStackWithoutBounds) {
-  int depth = 0;
-  runOnThread(std::size_t{4} << 30, [&] { depth = depthUntilExhausted(StackGuard(), 0); });
-  EXPECT_GT(depth, 100'000);
-  EXPECT_LT(depth, 256 * 1024 * 1024 / 100);
+  std::size_t used = 0;
+  runOnThread(std::size_t{4} << 30, [&] { used = here() - placeWhereExhausted(StackGuard()); });
+  EXPECT_GT(used, 256u * 1024 * 1024 - step);
+  EXPECT_LT(used, 256u * 1024 * 1024 + step);
 }
 
 TEST(StackGuard, AllowsSomeDepthOnAStackOfTheHostsOwn) {
-  static int depth = 0;
+  static std::size_t used = 0;
   static ucontext_t caller;
   constexpr std::size_t size = 256 * 1024;
   const auto stack = std::make_unique<char[]>(size);
@@ -77,9 +119,10 @@ TEST(StackGuard, AllowsSomeDepthOnAStackOfTheHostsOwn) {
   fiber.uc_stack.ss_size = size;
   fiber.uc_link = &caller;
   ::makecontext(
-      &fiber, [] { depth = depthUntilExhausted(StackGuard(), 0); }, 0);
+      &fiber, [] { used = here() - placeWhereExhausted(StackGuard()); }, 0);
   ASSERT_EQ(::swapcontext(&caller, &fiber), 0);
-  EXPECT_GT(depth, 50);
+  EXPECT_GT(used, 48u * 1024 - step);
+  EXPECT_LT(used, 48u * 1024 + step);
 }
 
 }  // namespace
