@@ -393,6 +393,34 @@ TEST_F(InterpreterTest, LetsGoOfTheScopesThatAHostHasLeftOnIt) {
   EXPECT_EQ(scope->holderCount(), 1u);
 }
 
+TEST_F(InterpreterTest, EmptiesItsScopesAtItsEndWhoeverHoldsThem) {
+  Ref<Environment> held;
+  Ref<Environment> globals;
+  Value escaped;
+  {
+    Interpreter another(Url("base"), host.logger, host.files);
+    another.globals().define("hold", makeRef<Function1>("hold", [&](const Value& function) {
+                               held = dynamic_cast<const Function&>(*function.callable()).closure();
+                               escaped = function;
+                               return Value::nil();
+                             }));
+    another.interpret(
+        parsed("func make() var n = 1 func get() return n end hold(get) return get end var got = make()"));
+    globals = another.stack().front();
+    EXPECT_TRUE(held->values.contains("n"));
+    EXPECT_TRUE(globals->values.contains("got"));
+  }
+  EXPECT_TRUE(held->values.bindings().empty());
+  EXPECT_TRUE(globals->values.bindings().empty());
+  EXPECT_EQ(dynamic_cast<const Function&>(*escaped.callable()).closure().get(), held.get());
+}
+
+TEST_F(InterpreterTest, KeepsWhatItsFunctionsDeclareAfterTheirTreeHasGone) {
+  interpreter.interpret(parsed("func sum(_ n) if n > 0 return n + sum(n - 1) end return 0 end"));
+  interpret("print(sum(4))");
+  EXPECT_EQ(host.output(), "10");
+}
+
 TEST_F(InterpreterTest, IsBareAtTheStart) {
   const Interpreter bare;
   EXPECT_EQ(bare.baseURL(), std::nullopt);
