@@ -183,6 +183,7 @@ TEST(LongBranches, AreNoDepth) {
     host.run("var a = 0\nif a == 1 print(1)" + repeated(" else if a == 2 print(2)") + " else print(3) end");
     EXPECT_THAT(host.messages(), IsEmpty());
     EXPECT_EQ(host.output(), "3");
+    expectToGoOn(host);
   });
 }
 
@@ -210,6 +211,7 @@ TEST_P(DeepValue, IsPrinted) {
     host.run(nested("a") + "print(a)");
     EXPECT_THAT(host.messages(), IsEmpty());
     EXPECT_TRUE(host.output() == expected);
+    expectToGoOn(host);
   });
 }
 
@@ -224,6 +226,7 @@ TEST_P(DeepValue, IsComparedSortedAndDropped) {
              "a = nil b = nil print(\" dropped\")");
     EXPECT_THAT(host.messages(), IsEmpty());
     EXPECT_EQ(host.output(), "true false false 3 same dropped");
+    expectToGoOn(host);
   });
 }
 
@@ -246,6 +249,7 @@ TEST_P(DeepValue, IsHashedVerifiedAndTakenAsAGlobal) {
     host.run("print(deep is Number)");
     EXPECT_EQ(host.output(), "false");
     EXPECT_THAT(host.messages(), IsEmpty());
+    expectToGoOn(host);
   });
 }
 
@@ -265,6 +269,7 @@ TEST(DeepClosures, AreCalledAndDropped) {
         "print(last() is Number) last = nil print(\" dropped\")");
     EXPECT_THAT(host.messages(), IsEmpty());
     EXPECT_EQ(host.output(), "false dropped");
+    expectToGoOn(host);
   });
 }
 
