@@ -9,6 +9,7 @@
 #include <new>
 #include <utility>
 
+#include "Velto/Platform/UnicodePiece.h"
 #include "Velto/Platform/Utf8.h"
 
 namespace velto::unicode {
@@ -34,7 +35,7 @@ class BuilderSink final : public icu::ByteSink {
 void appendMappedByContext(std::string_view text, MapCase mapCase, StringBuilder& result) {
   UErrorCode status = U_ZERO_ERROR;
   BuilderSink sink(result);
-  mapCase(withoutLocale, 0, text, sink, nullptr, status);
+  mapCase(withoutLocale, 0, pieceOf(text), sink, nullptr, status);
   if (U_FAILURE(status)) throw std::bad_alloc();  // the text is sound
 }
 

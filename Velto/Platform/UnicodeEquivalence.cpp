@@ -9,6 +9,7 @@
 #include <string>
 
 #include "Velto/Platform/Unicode.h"
+#include "Velto/Platform/UnicodePiece.h"
 #include "Velto/Platform/Utf8.h"
 
 namespace velto::unicode {
@@ -51,10 +52,10 @@ class Normalized {
  public:
   Normalized(const icu::Normalizer2& normalizer, std::string_view text) : view_(text) {
     UErrorCode status = U_ZERO_ERROR;
-    if (utf8::isASCII(text) || normalizer.isNormalizedUTF8(text, status)) return;
+    if (utf8::isASCII(text) || normalizer.isNormalizedUTF8(pieceOf(text), status)) return;
     check(status);
     icu::StringByteSink<std::string> sink(&normal_);
-    normalizer.normalizeUTF8(0, text, sink, nullptr, status);
+    normalizer.normalizeUTF8(0, pieceOf(text), sink, nullptr, status);
     check(status);
     view_ = normal_;
   }

@@ -2,10 +2,15 @@
 #include "Velto/Platform/Unicode.h"
 
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <new>
 #include <random>
 #include <string>
 
@@ -260,6 +265,37 @@ TEST(Hash, AgreesWithEquivalence) {
   EXPECT_EQ(hash("\u00E9"), hash("e\u0301"));
   EXPECT_EQ(hash("\u212A"), hash("K"));
   EXPECT_NE(hash("\u00E9"), hash("\u00E8"));
+}
+
+/// A text of any size that takes next to no memory: a letter beyond ASCII, and NUL characters that aren't touched.
+class HugeText {
+ public:
+  explicit HugeText(std::size_t size) : size_(size) {
+    constexpr int flags = MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE;
+    bytes_ = static_cast<char*>(::mmap(nullptr, size, PROT_READ | PROT_WRITE, flags, -1, 0));
+    if (bytes_ == MAP_FAILED) throw std::bad_alloc();
+    std::memcpy(bytes_, "\u00E9", 2);
+  }
+  ~HugeText() { ::munmap(bytes_, size_); }
+  HugeText(const HugeText&) = delete;
+  HugeText& operator=(const HugeText&) = delete;
+
+  std::string_view view() const noexcept { return {bytes_, size_}; }
+
+ private:
+  std::size_t size_;
+  char* bytes_ = nullptr;
+};
+
+TEST(Texts, ThatAreLongerThanICUCountsHaveNoRoom) {
+  for (const std::size_t size : {std::size_t{1} << 31, (std::size_t{1} << 32) + 2}) {
+    const HugeText text(size);
+    StringBuilder result;
+    EXPECT_THROW(hash(text.view()), std::bad_alloc);
+    EXPECT_THROW(appendLowercasedByContext(text.view(), result), std::bad_alloc);
+    EXPECT_THROW(appendUppercasedByContext(text.view(), result), std::bad_alloc);
+    EXPECT_EQ(result.view(), "");
+  }
 }
 
 }  // namespace
