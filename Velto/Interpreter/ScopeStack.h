@@ -16,6 +16,8 @@ namespace [[gnu::visibility("default")]] velto {
 class ScopeStack {
  public:
   ScopeStack(Ref<Environment> outermost, std::shared_ptr<Logger> logger);
+  ScopeStack(const ScopeStack&) = delete;
+  ScopeStack& operator=(const ScopeStack&) = delete;
 
   std::span<const Ref<Environment>> scopes() const noexcept { return {slots_.data(), size()}; }
   std::size_t size() const noexcept { return static_cast<std::size_t>(top_ - slots_.data()) + 1; }
