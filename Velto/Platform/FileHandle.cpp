@@ -60,7 +60,7 @@ void waitUntilWritable(int descriptor) noexcept {
 
 }  // namespace
 
-void writeFully(int descriptor, std::string_view bytes) noexcept {
+bool writeFully(int descriptor, std::string_view bytes) noexcept {
   const PipeSignalGuard guard;
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
@@ -70,9 +70,10 @@ void writeFully(int descriptor, std::string_view bytes) noexcept {
       waitUntilWritable(descriptor);
     } else if (errno != EINTR) {
       if (errno == EPIPE) guard.takeSignal();
-      return;
+      return false;
     }
   }
+  return true;
 }
 
 }  // namespace velto

@@ -28,7 +28,7 @@ files::path pathOf(const Url& url) {
 /// Owns a descriptor that the system opened.
 class OpenFile {
  public:
-  OpenFile(const Url& url, int flags) : number_(open(pathOf(url).c_str(), flags | O_CLOEXEC)) {}
+  OpenFile(const files::path& path, int flags) noexcept : number_(open(path.c_str(), flags | O_CLOEXEC)) {}
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
   ~OpenFile() {
@@ -62,7 +62,7 @@ class OpenFile {
 
 class CreatedFile final : public FileHandle {
  public:
-  explicit CreatedFile(const Url& url) : file_(url, O_WRONLY | O_CREAT | O_TRUNC) {}
+  explicit CreatedFile(const Url& url) : file_(pathOf(url), O_WRONLY | O_CREAT | O_TRUNC) {}
 
   bool isOpen() const noexcept { return file_.isOpen(); }
   void write(std::string_view bytes) override { writeFully(file_.number(), bytes); }
@@ -99,20 +99,25 @@ std::size_t expectedSize(int number) {
   return ::fstat(number, &status) == 0 ? static_cast<std::size_t>(status.st_size) + forAppending : 0;
 }
 
-/// How many bytes of the file have come.
+/// How many bytes of the file have come; less than none after an error.
+ssize_t tryToRead(int number, char* place, std::size_t size) noexcept {
+  ssize_t count;
+  do count = ::read(number, place, size);
+  while (count < 0 && errno == EINTR);
+  return count;
+}
+
 std::size_t readSome(int number, char* place, std::size_t size) {
-  while (true) {
-    const ssize_t count = ::read(number, place, size);
-    if (count >= 0) return static_cast<std::size_t>(count);
-    if (errno != EINTR) failReading(lastError());
-  }
+  const ssize_t count = tryToRead(number, place, size);
+  if (count < 0) failReading(lastError());
+  return static_cast<std::size_t>(count);
 }
 
 constexpr std::size_t smallestPiece = 4096;
+constexpr std::size_t largestPiece = 64 * 1024;
 
 /// By way of pieces: a string fills its memory before anything can be read into it.
 std::string readToEnd(int number) {
-  constexpr std::size_t largestPiece = 64 * 1024;
   const std::size_t expected = expectedSize(number);
   const std::size_t size = std::clamp(expected, smallestPiece, largestPiece);
   const std::unique_ptr<char[]> piece(new char[size]);
@@ -130,6 +135,25 @@ void readToEnd(int number, StringBuilder& bytes) {
     sizeBefore = bytes.view().size();
     bytes.appendWritten(bytes.room(), [&](char* end) { return end + readSome(number, end, bytes.room()); });
   } while (bytes.view().size() > sizeBefore);
+}
+
+bool copyBytes(int source, int destination) {
+  const std::size_t size = std::clamp(expectedSize(source), smallestPiece, largestPiece);
+  const std::unique_ptr<char[]> piece(new char[size]);
+  while (true) {
+    const ssize_t count = tryToRead(source, piece.get(), size);
+    if (count <= 0) return count == 0;
+    if (!writeFully(destination, {piece.get(), static_cast<std::size_t>(count)})) return false;
+  }
+}
+
+/// The function of the standard library takes a signal for an error.
+bool copyFile(const files::path& source, const files::path& destination, files::perms permissions) {
+  const OpenFile from(source, O_RDONLY);
+  if (!from.isOpen()) return false;
+  const OpenFile to(destination, O_WRONLY | O_CREAT | O_EXCL);
+  return to.isOpen() && ::fchmod(to.number(), static_cast<mode_t>(permissions)) == 0 &&
+         copyBytes(from.number(), to.number());
 }
 
 bool copyItem(const files::path& source, const files::path& destination);
@@ -192,7 +216,7 @@ bool copyItem(const files::path& source, const files::path& destination) {
   const files::file_status status = files::symlink_status(source, error);
   switch (status.type()) {
     case files::file_type::regular:
-      return files::copy_file(source, destination, error);
+      return copyFile(source, destination, status.permissions());
     case files::file_type::directory:
       return !isInside(destination, source) && copyFolder(source, destination, status.permissions());
     case files::file_type::symlink:
@@ -206,13 +230,13 @@ bool copyItem(const files::path& source, const files::path& destination) {
 class LocalFileSystem final : public FileSystem {
  protected:
   std::string doRead(const Url& url) override {
-    const OpenFile file(url, O_RDONLY);
+    const OpenFile file(pathOf(url), O_RDONLY);
     if (!file.isOpen()) failReading(lastError());
     return readToEnd(file.number());
   }
 
   void doReadInto(const Url& url, StringBuilder& bytes) override {
-    const OpenFile file(url, O_RDONLY);
+    const OpenFile file(pathOf(url), O_RDONLY);
     if (!file.isOpen()) failReading(lastError());
     readToEnd(file.number(), bytes);
   }

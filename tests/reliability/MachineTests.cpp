@@ -267,11 +267,12 @@ TEST_F(MachineTest, TheCurrentFolderMayVanish) {
 /// Interrupts every system call of this process again and again while it lives.
 class Interruptions {
  public:
-  Interruptions() {
+  explicit Interruptions(suseconds_t microseconds = 500) {
+    count = 0;
     struct sigaction action {};
     action.sa_handler = [](int) { count = count + 1; };
     ::sigaction(SIGALRM, &action, &before_);
-    constexpr timeval often{0, 500};
+    const timeval often{0, microseconds};
     const itimerval timer{often, often};
     ::setitimer(ITIMER_REAL, &timer, nullptr);
   }
@@ -335,6 +336,31 @@ TEST_F(MachineTest, SignalsDoNotShowInWhatIsWritten) {
   }
   reader.join();
   EXPECT_TRUE(arrived == large);
+  EXPECT_GT(Interruptions::count, 0);
+}
+
+TEST_F(MachineTest, SignalsDoNotShowInWhatIsCopied) {
+  constexpr int files = 40;
+  for (int file = 0; file < files; ++file) {
+    const std::string inner = "tree/" + std::to_string(file % 3) + "/inner";
+    std::filesystem::create_directories(folder / inner);
+    write(inner + "/" + std::to_string(file), large.substr(0, static_cast<std::size_t>(file) * 5000));
+  }
+  globals["fail"] = makeRef<Failing>();
+  int signals = 0;
+  // As often as it takes for many to come while files are copied.
+  for (int copies = 0; copies < 1000 && signals < 1000; ++copies) {
+    std::filesystem::remove_all(folder / "copy");
+    const Interruptions interruptions(100);
+    ASSERT_THAT(messages(R"v(var copied = copy(from: "tree", to: "\(folder)/copy") fail("\(copied)"))v"),
+                ElementsAre("true"));
+    signals += Interruptions::count;
+  }
+  EXPECT_GE(signals, 1000);
+  for (int file = 0; file < files; ++file) {
+    const std::string path = std::to_string(file % 3) + "/inner/" + std::to_string(file);
+    EXPECT_TRUE(read("copy/" + path) == read("tree/" + path)) << path;
+  }
 }
 
 TEST_F(MachineTest, AReaderThatGoesDoesNotEndTheHost) {
