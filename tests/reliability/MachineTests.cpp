@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "Velto/Velto.h"
+#include "tests/reliability/Descriptors.h"
 #include "tests/reliability/Sanitizers.h"
 #include "tests/reliability/StandardOutput.h"
 
@@ -105,13 +106,6 @@ class MachineTest : public testing::Test {
 
 const std::string large = std::string(200'000, 'x');
 
-/// Leaves this process that many descriptors beside those of the standard streams, whatever it was started with.
-void limitDescriptors(rlim_t count) {
-  for (int descriptor = 3; descriptor < 256; ++descriptor) ::close(descriptor);
-  const rlimit descriptors{3 + count, 3 + count};
-  ::setrlimit(RLIMIT_NOFILE, &descriptors);
-}
-
 TEST_F(MachineTest, AFullDiskIsNoErrorOfTheRun) {
   if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
   write("large", large);
@@ -131,6 +125,28 @@ TEST_F(MachineTest, WhatFitsIntoTheLimitOfAFileIsThere) {
                          limit, [](const auto& messages) { return messages.empty(); });
   EXPECT_EQ(read("out"), large.substr(0, 100'000));
   EXPECT_EQ(read("other"), large.substr(0, 100'000));
+}
+
+TEST_F(MachineTest, ACopyThatDoesNotFitIsAFailureAndHasTheStart) {
+  write("large", large);
+  globals["fail"] = makeRef<Failing>();
+  const auto limit = [] {
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit size{100'000, 100'000};
+    ::setrlimit(RLIMIT_FSIZE, &size);
+  };
+  expectInAnotherProcess(R"v(var copied = copy(from: "large", to: "\(folder)/copy") fail("\(copied)"))v", limit,
+                         [](const auto& messages) { return messages == std::vector<std::string>{"false"}; });
+  EXPECT_EQ(read("copy"), large.substr(0, 100'000));
+}
+
+TEST_F(MachineTest, ACopyOfWhatCannotBeReadIsAFailure) {
+  const std::string unreadable = "/proc/self/mem";  // at its start
+  if (!std::filesystem::is_regular_file(unreadable)) GTEST_SKIP();
+  globals["fail"] = makeRef<Failing>();
+  EXPECT_THAT(messages("var copied = copy(from: \"" + unreadable + R"v(", to: "\(folder)/copy") fail("\(copied)"))v"),
+              ElementsAre("false"));
+  EXPECT_EQ(read("copy"), "");
 }
 
 TEST_F(MachineTest, WithoutDescriptorsNothingIsOpenedAndTheRunGoesOn) {
