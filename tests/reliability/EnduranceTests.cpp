@@ -1,7 +1,6 @@
 // What takes long: repeated for as long as the environment says in VELTO_SECONDS, all of it together.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,6 +20,7 @@
 #include <vector>
 
 #include "Velto/Velto.h"
+#include "tests/reliability/Endurance.h"
 #include "tests/reliability/FailingAllocator.h"
 #include "tests/reliability/Place.h"
 #include "tests/support/StackThread.h"
@@ -28,23 +28,6 @@
 
 namespace velto::test {
 namespace {
-
-using Clock = std::chrono::steady_clock;
-using Seconds = std::chrono::duration<double>;
-
-/// The share of one test in the time that there is for all.
-class Share {
- public:
-  bool isUsedUp() const { return Seconds(Clock::now() - begin_) > share(); }
-
- private:
-  static Seconds share() {
-    const char* const wish = std::getenv("VELTO_SECONDS");
-    return Seconds((wish ? std::atof(wish) : 60.0) / testing::UnitTest::GetInstance()->test_to_run_count());
-  }
-
-  Clock::time_point begin_ = Clock::now();
-};
 
 /// Different in each run; a failure tells what was drawn.
 std::mt19937_64& randomness() {
@@ -55,78 +38,6 @@ std::mt19937_64& randomness() {
 std::size_t drawn(std::size_t below) {
   return std::uniform_int_distribution<std::size_t>(0, below - 1)(randomness());
 }
-
-/// Does `work` in a process of its own, and gives how that ended, as `waitpid` tells it.
-int inAnotherProcess(const std::function<int()>& work) {
-  std::fflush(stdout);
-  const pid_t child = ::fork();
-  if (child == 0) ::_exit(work());
-  int status = -1;
-  ::waitpid(child, &status, 0);
-  return status;
-}
-
-long peakOfMemory() {
-  rusage usage{};
-  ::getrusage(RUSAGE_SELF, &usage);
-  return usage.ru_maxrss;
-}
-
-struct Kind {
-  std::string name;
-  std::string body;
-};
-
-class FlatMemory : public testing::TestWithParam<Kind> {
- protected:
-  static constexpr int iterationsOfARound = 100'000;
-  static constexpr int rounds = 100;
-
-  /// Runs the body up to ten million times, and compares the peak with that after the first hundred thousand.
-  int run() const {
-    const Share share;
-    long peakAtFirst = 0;
-    int done = 0;
-    TestHost host;
-    host.files->files["/piece.txt"] = "<% var x = i %>";
-    host.processor.globals["goesOn"] = makeRef<Function0>("goesOn", [&]() -> Value {
-      if (++done == 1) peakAtFirst = peakOfMemory();
-      return !share.isUsedUp();
-    });
-    const std::string program =
-        "func twice(_ x) return x + x end var list = [3, 1, 2] func less(_ a, _ b) return a < b end\n"
-        "for round in 0..<rounds for i in 0..<iterations " +
-        GetParam().body + " end if !goesOn() break end end";
-    host.processor.globals["rounds"] = 1;
-    host.processor.globals["iterations"] = 1000;
-    host.run(program);  // brings in the code and all that is made once
-    done = 0;
-    host.processor.globals["rounds"] = rounds;
-    host.processor.globals["iterations"] = iterationsOfARound;
-    host.run(program);
-    const double growth = static_cast<double>(peakOfMemory()) / static_cast<double>(peakAtFirst) - 1;
-    std::cout << "  " << done * iterationsOfARound << " iterations, peak " << peakOfMemory() << " KiB, grown by "
-              << 100 * growth << " %" << std::endl;
-    return host.step || growth > 0.05 ? 1 : 0;
-  }
-};
-
-TEST_P(FlatMemory, StaysWhereItWas) {
-  EXPECT_EQ(inAnotherProcess([this] { return run(); }), 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Of, FlatMemory,
-    testing::Values(Kind{"Blocks", "if true var a = i while true var b = a break end end"},
-                    Kind{"Calls", "twice(twice(i))"}, Kind{"Functions", "func inner(_ x) return x + i end inner(1)"},
-                    Kind{"Closures",
-                         "func make() var n = i func get() return n end return get end var got = make() got()"},
-                    Kind{"Recursion", "func count(_ n) if n > 0 return count(n - 1) end return 0 end count(3)"},
-                    Kind{"Texts", R"v(var text = "\(i)é\(i)" text = "\(text)\(text)" text.uppercased().snakeCased())v"},
-                    Kind{"Collections", "var values = [i, [\"a\": i, \"b\": [i]]] values[1][\"b\"] == [i]"},
-                    Kind{"Callbacks", "list.map(twice).sorted(by: less)"}, Kind{"Includes", "include \"piece.txt\""},
-                    Kind{"Processes", "process(\"piece.txt\", into: \"/out\")"}),
-    [](const auto& info) { return info.param.name; });
 
 /// The example of the entities in a folder that goes with it, beside one for its output.
 class Example {
