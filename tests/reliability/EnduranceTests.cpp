@@ -14,6 +14,7 @@
 #include <iostream>
 #include <limits>
 #include <memory>
+#include <numeric>
 #include <random>
 #include <set>
 #include <string>
@@ -93,6 +94,35 @@ class Example {
   Files inputs_;
 };
 
+/// All numbers below a count, in an order that is spread evenly over them from the start on, and begins elsewhere in
+/// each run.
+class Sweep {
+ public:
+  explicit Sweep(std::size_t count) : count_(count), next_(drawn(count)), stride_(strideFor(count)) {}
+
+  bool isAtEnd() const noexcept { return done_ == count_; }
+  std::size_t done() const noexcept { return done_; }
+  std::size_t next() noexcept {
+    const std::size_t number = next_;
+    next_ = (next_ + stride_) % count_;
+    ++done_;
+    return number;
+  }
+
+ private:
+  /// About the golden section, and without a common factor, so that every number has its turn.
+  static std::size_t strideFor(std::size_t count) {
+    std::size_t stride = count * 618 / 1000 + 1;
+    while (std::gcd(stride, count) != 1) ++stride;
+    return stride;
+  }
+
+  std::size_t count_;
+  std::size_t next_;
+  std::size_t stride_;
+  std::size_t done_ = 0;
+};
+
 void expectPrefixes(const Files& written, const Files& expected) {
   for (const auto& [path, bytes] : written) {
     ASSERT_TRUE(expected.contains(path)) << path;
@@ -159,28 +189,32 @@ TEST(LackOfMemory, EndsTheExampleAnywhereAndHarmsNothing) {
   const std::size_t count = countOfAllocations([&] { example.run(); });
   const std::ptrdiff_t liveBefore = liveBlocks();
   int failures = 0;
-  while (!share.isUsedUp()) {
-    example.clear();
-    const std::size_t number = drawn(count);
-    const Failing failing = drawn(2) == 0 ? Failing::once : Failing::fromThenOn;
-    if (lacksMemory(example, number, failing)) ++failures;
-    expectPrefixes(example.written(), example.expected());
-    ASSERT_TRUE(example.isUntouchedElsewhere()) << number;
-    example.clear();
-    example.run();
-    ASSERT_EQ(example.written(), example.expected()) << number;
-    ASSERT_EQ(liveBlocks(), liveBefore) << number;
+  Sweep numbers(count);
+  while (!share.isUsedUp() && !numbers.isAtEnd()) {
+    const std::size_t number = numbers.next();
+    for (const Failing failing : {Failing::once, Failing::fromThenOn}) {
+      example.clear();
+      const bool hasFailed = lacksMemory(example, number, failing);
+      if (hasFailed) ++failures;
+      expectPrefixes(example.written(), example.expected());
+      ASSERT_TRUE(hasFailed || example.written() == example.expected()) << number;
+      ASSERT_TRUE(example.isUntouchedElsewhere()) << number;
+      example.clear();
+      example.run();
+      ASSERT_EQ(example.written(), example.expected()) << number;
+      ASSERT_EQ(liveBlocks(), liveBefore) << number;
+    }
   }
-  std::cerr << "failed " << failures << " of " << count << " allocations" << std::endl;
+  std::cerr << "failed " << numbers.done() << " of " << count << " allocations, each once alone and once with all "
+            << "behind it; " << failures << " of these runs ended by it" << std::endl;
   EXPECT_GT(failures, 0);
 }
 
 /// What is set up once in a process is set up where memory lacks.
 TEST(LackOfMemory, AtFirstUseEndsTheRunAndHarmsNothing) {
   const Share share;
-  int rounds = 0;
+  constexpr std::size_t count = 2000;
   for (const std::string program : {"main.velto", "faulty.velto"}) {
-    Outcome expected;
     const auto isRight = [&](std::size_t number, Failing failing) {
       MemoryPlace place;
       const Outcome outcome = place.run(program, [&](const std::function<void()>& work) {
@@ -192,13 +226,16 @@ TEST(LackOfMemory, AtFirstUseEndsTheRunAndHarmsNothing) {
       if (program == "main.velto" && (next.files != expectedFiles() || next.output != expectedOutput())) return 1;
       return outcome.lackedMemory || outcome == next ? 0 : 2;
     };
-    for (int round = 0; round < 1500 && !share.isUsedUp(); ++round, ++rounds) {
-      const std::size_t number = drawn(2000);
-      const Failing failing = drawn(2) == 0 ? Failing::once : Failing::fromThenOn;
-      ASSERT_EQ(inAnotherProcess([&] { return isRight(number, failing); }), 0) << program << " " << number;
+    Sweep numbers(count);
+    while (!share.isUsedUp(program == "main.velto" ? 0.5 : 1) && !numbers.isAtEnd()) {
+      const std::size_t number = numbers.next();
+      for (const Failing failing : {Failing::once, Failing::fromThenOn}) {
+        ASSERT_EQ(inAnotherProcess([&] { return isRight(number, failing); }), 0) << program << " " << number;
+      }
     }
+    std::cout << program << ": failed " << numbers.done() << " of the first " << count
+              << " allocations of a process, each once alone and once with all behind it" << std::endl;
   }
-  std::cout << rounds << " processes" << std::endl;
 }
 
 TEST(Stacks, OfAnySizeAreEnoughToReportTheirEnd) {
