@@ -1,6 +1,6 @@
 # The commands of daily work. CMake does the building; see CMakePresets.json.
 .DEFAULT_GOAL := build
-.PHONY: build demo test fuzz clang integers tidy threads torture coverage mutants bench format dependencies clean
+.PHONY: build demo test fuzz clang integers leaks tidy threads torture coverage mutants bench format dependencies clean
 
 JOBS ?= $(shell nproc)
 CTEST := ctest --output-on-failure --no-tests=error -j $(JOBS)
@@ -53,6 +53,13 @@ integers: dependencies
 	cmake --preset integers
 	cmake --build --preset integers -j $(JOBS)
 	$(CTEST) --test-dir build/integers
+
+# Whether anything is left of what no test runs: the examples by themselves, and the benchmarks.
+leaks: dependencies
+	scripts/install-dependencies libbenchmark-dev
+	cmake --preset leaks
+	cmake --build --preset leaks -j $(JOBS)
+	scripts/run-leaks
 
 # What clang-tidy finds in the library and the command.
 tidy: dependencies
