@@ -75,6 +75,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Kind{"Calls", "twice(twice(i))"}, Kind{"Functions", "func inner(_ x) return x + i end inner(1)"},
                     Kind{"Closures",
                          "func make() var n = i func get() return n end return get end var got = make() got()"},
+                    Kind{"StoredFunctions",
+                         "func inner() return i end var held = [inner, [\"k\": [inner]]] var both = [held, held]"},
                     Kind{"Recursion", "func count(_ n) if n > 0 return count(n - 1) end return 0 end count(3)"},
                     Kind{"Texts", R"v(var text = "\(i)é\(i)" text = "\(text)\(text)" text.uppercased().snakeCased())v"},
                     Kind{"Collections", "var values = [i, [\"a\": i, \"b\": [i]]] values[1][\"b\"] == [i]"},
