@@ -1,30 +1,17 @@
 // The failures that the files of a machine have.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <pthread.h>
-#include <stdlib.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/time.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <functional>
-#include <iterator>
-#include <map>
-#include <memory>
-#include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "Velto/Velto.h"
 #include "tests/reliability/Descriptors.h"
+#include "tests/reliability/MachineTest.h"
 #include "tests/reliability/Sanitizers.h"
 #include "tests/reliability/StandardOutput.h"
 
@@ -33,78 +20,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// Fails with the words that it is given, which so come into the messages.
-class Failing final : public Callable {
- public:
-  String name() const override { return "fail"; }
-  std::span<const Label> labels() const noexcept override { return labels_; }
-  Value call(Interpreter&, Arguments arguments, const ReportError& reportError) const override {
-    reportError(arguments[0].description());
-  }
-
- private:
-  std::array<Label, 1> labels_;
-};
-
-/// The files of this machine, in a folder that goes with the test.
-class MachineTest : public testing::Test {
- protected:
-  MachineTest() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "velto-files-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) throw std::runtime_error("There is no folder for the test.");
-    folder = pattern;
-  }
-  ~MachineTest() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-
-  void write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(folder / name, std::ios::binary) << bytes;
-  }
-
-  std::string read(const std::string& name) const {
-    std::ifstream file(folder / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  /// What `program` reports, the folder left out.
-  std::vector<std::string> messages(const std::string& program) {
-    write("main.velto", program);
-    const auto logger = std::make_shared<ArrayLogger>();
-    Processor processor(Url(folder.string()), logger);
-    processor.globals = globals;
-    processor.globals["folder"] = folder.string();
-    try {
-      processor.process("main.velto");
-    } catch (const VeltoError&) {
-    }
-    std::vector<std::string> texts;
-    for (const Message& message : logger->messages) {
-      if (message.level == Message::Level::error) texts.emplace_back(message.message.view());
-    }
-    return texts;
-  }
-
-  /// The same in a process of its own, whose limits and rights are its own; it ends there with 0 if `isRight`.
-  template <typename IsRight>
-  void expectInAnotherProcess(const std::string& program, const std::function<void()>& prepare, IsRight isRight) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-      prepare();
-      ::_exit(isRight(messages(program)) ? 0 : 1);
-    }
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-  }
-
-  std::filesystem::path folder;
-  std::map<String, Value> globals;
-};
-
-const std::string large = std::string(200'000, 'x');
 
 TEST_F(MachineTest, AFullDiskIsNoErrorOfTheRun) {
   if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
@@ -129,7 +44,7 @@ TEST_F(MachineTest, WhatFitsIntoTheLimitOfAFileIsThere) {
 
 TEST_F(MachineTest, ACopyThatDoesNotFitIsAFailureAndHasTheStart) {
   write("large", large);
-  globals["fail"] = makeRef<Failing>();
+  globals["fail"] = makeRef<FailingFunction>();
   const auto limit = [] {
     ::signal(SIGXFSZ, SIG_IGN);
     const rlimit size{100'000, 100'000};
@@ -143,7 +58,7 @@ TEST_F(MachineTest, ACopyThatDoesNotFitIsAFailureAndHasTheStart) {
 TEST_F(MachineTest, ACopyOfWhatCannotBeReadIsAFailure) {
   const std::string unreadable = "/proc/self/mem";  // at its start
   if (!std::filesystem::is_regular_file(unreadable)) GTEST_SKIP();
-  globals["fail"] = makeRef<Failing>();
+  globals["fail"] = makeRef<FailingFunction>();
   EXPECT_THAT(messages("var copied = copy(from: \"" + unreadable + R"v(", to: "\(folder)/copy") fail("\(copied)"))v"),
               ElementsAre("false"));
   EXPECT_EQ(read("copy"), "");
@@ -226,7 +141,7 @@ TEST_F(MachineTest, RightsAreReported) {
                                                 "Cannot include 'closed/file': Permission denied.",
                                                 "No: nil false false"};
   };
-  globals["fail"] = makeRef<Failing>();
+  globals["fail"] = makeRef<FailingFunction>();
   expectInAnotherProcess(R"v(for part in ["a", "b", "c"] execute("\(part).velto") end )v"
                          "var json = loadJSON(\"closed/file\") "
                          R"v(var copied = copy(from: "closed/file", to: "\(folder)/copied") )v"
@@ -271,112 +186,13 @@ TEST_F(MachineTest, AnOutputMayVanishWhileItIsWritten) {
 
 TEST_F(MachineTest, TheCurrentFolderMayVanish) {
   std::filesystem::create_directory(folder / "gone");
-  globals["fail"] = makeRef<Failing>();
+  globals["fail"] = makeRef<FailingFunction>();
   const auto vanish = [this] {
     std::filesystem::current_path(folder / "gone");
     std::filesystem::remove(folder / "gone");
   };
   expectInAnotherProcess(R"v(var json = loadJSON("a.json") var made = mkdir("inner") fail("\(json) \(made)"))v", vanish,
                          [](const auto& messages) { return messages == std::vector<std::string>{"nil false"}; });
-}
-
-/// Interrupts every system call of this process again and again while it lives.
-class Interruptions {
- public:
-  explicit Interruptions(suseconds_t microseconds = 500) {
-    count = 0;
-    struct sigaction action {};
-    action.sa_handler = [](int) { count = count + 1; };
-    ::sigaction(SIGALRM, &action, &before_);
-    const timeval often{0, microseconds};
-    const itimerval timer{often, often};
-    ::setitimer(ITIMER_REAL, &timer, nullptr);
-  }
-  ~Interruptions() {
-    const itimerval none{};
-    ::setitimer(ITIMER_REAL, &none, nullptr);
-    ::sigaction(SIGALRM, &before_, nullptr);
-  }
-  Interruptions(const Interruptions&) = delete;
-  Interruptions& operator=(const Interruptions&) = delete;
-
-  static inline volatile std::sig_atomic_t count = 0;
-
- private:
-  struct sigaction before_ {};
-};
-
-/// Runs on a thread of its own, which leaves the signals to the others.
-std::thread undisturbed(std::function<void()> work) {
-  sigset_t all;
-  sigset_t before;
-  sigfillset(&all);
-  ::pthread_sigmask(SIG_SETMASK, &all, &before);
-  std::thread thread(std::move(work));
-  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-  return thread;
-}
-
-TEST_F(MachineTest, SignalsDoNotShowInWhatIsRead) {
-  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-  std::thread writer = undisturbed([this] {
-    std::ofstream pipe(folder / "pipe");
-    for (int piece = 0; piece < 40; ++piece) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(2));
-      pipe << large.substr(0, 10) << std::flush;
-    }
-  });
-  {
-    const Interruptions interruptions;
-    EXPECT_THAT(messages(R"v(process("pipe", into: "\(folder)/out"))v"), IsEmpty());
-  }
-  writer.join();
-  EXPECT_EQ(read("out"), large.substr(0, 400));
-  EXPECT_GT(Interruptions::count, 0);
-}
-
-TEST_F(MachineTest, SignalsDoNotShowInWhatIsWritten) {
-  write("large", large);
-  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-  std::string arrived;
-  std::thread reader = undisturbed([&] {
-    std::ifstream pipe(folder / "pipe");
-    for (char piece[8192]; pipe.read(piece, sizeof piece), pipe.gcount() > 0;) {
-      arrived.append(piece, static_cast<std::size_t>(pipe.gcount()));
-      std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-  });
-  {
-    const Interruptions interruptions;
-    EXPECT_THAT(messages(R"v(process("large", into: "\(folder)/pipe"))v"), IsEmpty());
-  }
-  reader.join();
-  EXPECT_TRUE(arrived == large);
-  EXPECT_GT(Interruptions::count, 0);
-}
-
-TEST_F(MachineTest, SignalsDoNotShowInWhatIsCopied) {
-  constexpr int files = 40;
-  for (int file = 0; file < files; ++file) {
-    const std::string inner = "tree/" + std::to_string(file % 3) + "/inner";
-    std::filesystem::create_directories(folder / inner);
-    write(inner + "/" + std::to_string(file), large.substr(0, static_cast<std::size_t>(file) * 5000));
-  }
-  globals["fail"] = makeRef<Failing>();
-  int signals = 0;
-  // As often as it takes for many to come while files are copied.
-  for (int copies = 0; copies < 1000 && signals < 1000; ++copies) {
-    std::filesystem::remove_all(folder / "copy");
-    const Interruptions interruptions(100);
-    ASSERT_THAT(messages(R"v(var copied = copy(from: "tree", to: "\(folder)/copy") fail("\(copied)"))v"),
-                ElementsAre("true"));
-    signals += Interruptions::count;
-  }
-  EXPECT_GE(signals, 1000);
-  for (int file = 0; file < files; ++file) {
-    const std::string path = std::to_string(file % 3) + "/inner/" + std::to_string(file);
-    EXPECT_TRUE(read("copy/" + path) == read("tree/" + path)) << path;
-  }
 }
 
 TEST_F(MachineTest, AReaderThatGoesDoesNotEndTheHost) {

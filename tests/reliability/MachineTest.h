@@ -1,0 +1,97 @@
+// Programs over the files of this machine, in a folder that goes with the test.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "Velto/Velto.h"
+
+namespace velto::test {
+
+/// Fails with the words that it is given, which so come into the messages.
+class FailingFunction final : public Callable {
+ public:
+  String name() const override { return "fail"; }
+  std::span<const Label> labels() const noexcept override { return labels_; }
+  Value call(Interpreter&, Arguments arguments, const ReportError& reportError) const override {
+    reportError(arguments[0].description());
+  }
+
+ private:
+  std::array<Label, 1> labels_;
+};
+
+/// The files of this machine, in a folder that goes with the test.
+class MachineTest : public testing::Test {
+ protected:
+  MachineTest() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "velto-files-XXXXXX").string();
+    if (!::mkdtemp(pattern.data())) throw std::runtime_error("There is no folder for the test.");
+    folder = pattern;
+  }
+  ~MachineTest() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+  }
+
+  void write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(folder / name, std::ios::binary) << bytes;
+  }
+
+  std::string read(const std::string& name) const {
+    std::ifstream file(folder / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  /// What `program` reports, the folder left out.
+  std::vector<std::string> messages(const std::string& program) {
+    write("main.velto", program);
+    const auto logger = std::make_shared<ArrayLogger>();
+    Processor processor(Url(folder.string()), logger);
+    processor.globals = globals;
+    processor.globals["folder"] = folder.string();
+    try {
+      processor.process("main.velto");
+    } catch (const VeltoError&) {
+    }
+    std::vector<std::string> texts;
+    for (const Message& message : logger->messages) {
+      if (message.level == Message::Level::error) texts.emplace_back(message.message.view());
+    }
+    return texts;
+  }
+
+  /// The same in a process of its own, whose limits and rights are its own; it ends there with 0 if `isRight`.
+  template <typename IsRight>
+  void expectInAnotherProcess(const std::string& program, const std::function<void()>& prepare, IsRight isRight) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      prepare();
+      ::_exit(isRight(messages(program)) ? 0 : 1);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+  }
+
+  std::filesystem::path folder;
+  std::map<String, Value> globals;
+};
+
+inline const std::string large = std::string(200'000, 'x');
+
+}  // namespace velto::test
