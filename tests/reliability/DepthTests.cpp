@@ -53,8 +53,8 @@ class DeepSource : public testing::TestWithParam<Source> {
 };
 
 TEST_P(DeepSource, IsASyntaxErrorAtTheTokenThatIsTooDeep) {
-  const auto& [name, open, middle, close, isTemplate] = GetParam();
-  const std::string source = repeated(open) + middle + repeated(close);
+  const bool isTemplate = GetParam().isTemplate;
+  const std::string source = repeated(GetParam().open) + GetParam().middle + repeated(GetParam().close);
   std::vector<Int> columns;
   onBothStacks([&] {
     TestHost host;
