@@ -75,7 +75,7 @@ threads: dependencies
 	build/threads/bin/PlatformTests --gtest_brief=1 \
 	  --gtest_filter='Ref.IsCountedRightByManyThreads:BufferingTest.AThreadWritesWhatIsLeftWhenItEnds'
 
-# What takes too long for `make test`: depth in the millions, which takes five minutes or more; and in the rest of the
+# What takes too long for `make test`: depth in the millions, which takes some minutes; and in the rest of the
 # time memory that lacks anywhere, stacks of all sizes, runs that are killed, and tens of millions of turns. It ends
 # after about so many seconds, and fails where they are too few.
 torture: SECONDS ?= 1200
