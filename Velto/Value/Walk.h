@@ -15,11 +15,10 @@ inline bool isContainer(const Value& value) {
   return value.array() || value.dictionary();
 }
 
-/// Whether no function can stand inside, as far as is known without a look.
-inline bool isKnownToBePlain(const Value& value) {
-  if (const Array* array = value.array()) return array->plainMark.isSet();
-  if (const Dictionary* dictionary = value.dictionary()) return dictionary->plainMark.isSet();
-  return false;
+/// Whether no function can stand inside the container, as far as is known without a look.
+inline bool isKnownToBePlain(const Value& container) {
+  const Array* const array = container.array();
+  return array ? array->plainMark.isSet() : container.dictionary()->plainMark.isSet();
 }
 
 inline void rememberAsPlain(const Value& value) {

@@ -252,23 +252,35 @@ TEST(Resolver, PassesACaseByThatStandsInNoSwitch) {
   EXPECT_EQ(interpreter.globals().get(String("a")), std::nullopt);
 }
 
-TEST(Resolver, ReportsAnExpressionThatWasMadeWithMoreStack) {
+/// The range of the message that comes of a program which was parsed with more stack than it is resolved with.
+Range exhaustedAt(const std::string& program) {
   test::TestHost host;
   Interpreter interpreter(std::nullopt, host.logger, host.files);
-  std::string program = "a";
-  for (int count = 0; count < 20'000; ++count) program += "+a";
   Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
   Statements statements;
   test::onStack(256 << 20, [&] {
     statements = Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse();
   });
-  ASSERT_TRUE(host.messages().empty());
+  EXPECT_TRUE(host.messages().empty());
   Resolver resolver(interpreter);
   test::onStack(160 * 1024, [&] { resolver.resolve(statements); });
   EXPECT_TRUE(resolver.hadError());
-  ASSERT_EQ(host.logger->messages.size(), 1u);
+  if (host.logger->messages.size() != 1) return Range("", 0, 0);
   EXPECT_EQ(host.logger->messages[0].message, "Stack exhausted.");
-  EXPECT_EQ(host.logger->messages[0].range().startColumn, 1);
+  return host.logger->messages[0].range();
+}
+
+TEST(Resolver, ReportsWhatWasMadeWithMoreStack) {
+  std::string additions = "a";
+  std::string opened;
+  std::string closed;
+  for (int count = 0; count < 20'000; ++count) {
+    additions += "+a";
+    opened += "func f() ";
+    closed += "end ";
+  }
+  EXPECT_EQ(exhaustedAt(additions).startColumn, 1);
+  EXPECT_EQ(exhaustedAt(opened + closed).startColumn % 9, 6);  // a name
 }
 
 /// Throws at every message.
