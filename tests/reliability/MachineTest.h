@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "Velto/Velto.h"
+#include "tests/reliability/FolderTest.h"
 
 namespace velto::test {
 
@@ -36,27 +37,8 @@ class FailingFunction final : public Callable {
 };
 
 /// The files of this machine, in a folder that goes with the test.
-class MachineTest : public testing::Test {
+class MachineTest : public FolderTest {
  protected:
-  MachineTest() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "velto-files-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) throw std::runtime_error("There is no folder for the test.");
-    folder = pattern;
-  }
-  ~MachineTest() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-
-  void write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(folder / name, std::ios::binary) << bytes;
-  }
-
-  std::string read(const std::string& name) const {
-    std::ifstream file(folder / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
   /// What `program` reports, the folder left out.
   std::vector<std::string> messages(const std::string& program) {
     write("main.velto", program);
@@ -88,7 +70,6 @@ class MachineTest : public testing::Test {
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
   }
 
-  std::filesystem::path folder;
   std::map<String, Value> globals;
 };
 

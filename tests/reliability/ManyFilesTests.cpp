@@ -13,6 +13,7 @@
 #include "Velto/Velto.h"
 #include "tests/reliability/Descriptors.h"
 #include "tests/reliability/Endurance.h"
+#include "tests/reliability/FolderTest.h"
 #include "tests/reliability/Sanitizers.h"
 
 namespace velto::test {
@@ -21,32 +22,16 @@ namespace {
 constexpr int fileCount = 100'000;
 constexpr int folderCount = 100;
 
-/// A folder that goes with the test, in memory where the machine has such a place.
-class ManyFiles : public testing::Test {
+/// Memory, where the machine has a folder for it.
+std::filesystem::path fastFolder() {
+  const std::filesystem::path inMemory = "/dev/shm";
+  const bool isThere = std::filesystem::is_directory(inMemory) && ::access(inMemory.c_str(), W_OK) == 0;
+  return isThere ? inMemory : std::filesystem::temp_directory_path();
+}
+
+class ManyFiles : public FolderTest {
  protected:
-  ManyFiles() {
-    const std::filesystem::path inMemory = "/dev/shm";
-    const bool isThere = std::filesystem::is_directory(inMemory) && ::access(inMemory.c_str(), W_OK) == 0;
-    std::string pattern =
-        ((isThere ? inMemory : std::filesystem::temp_directory_path()) / "velto-many-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) throw std::runtime_error("There is no folder for the test.");
-    folder = pattern;
-  }
-  ~ManyFiles() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-
-  void write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(folder / name, std::ios::binary) << bytes;
-  }
-
-  std::string read(const std::string& name) const {
-    std::ifstream file(folder / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  std::filesystem::path folder;
+  ManyFiles() : FolderTest(fastFolder()) {}
 };
 
 TEST_F(ManyFiles, TakeNoMoreThanThreeDescriptorsAtOnce) {
