@@ -127,7 +127,6 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Environment& current() noexcept { return *stack_.top(); }
   void pushScope();
   void popScope() noexcept;
-  [[gnu::noinline]] void leaveToSurvive(Ref<Environment> scope) noexcept;
   void renewScope();
   [[gnu::noinline]] void replaceScope();
   [[noreturn]] void fail(const Range& range, String message);
