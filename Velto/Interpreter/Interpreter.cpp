@@ -43,7 +43,7 @@ Environment& Interpreter::pushEnvironment(Ref<Environment> environment) {
   if (environment) {
     stack_.push(std::move(environment));
   } else {
-    pushScope();
+    stack_.push(&current());
   }
   return current();
 }

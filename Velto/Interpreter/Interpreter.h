@@ -125,7 +125,6 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void reportStrayTokens();
   void reportStray(Jumps::Kind kind, std::string_view message);
   Environment& current() noexcept { return *stack_.top(); }
-  void pushScope();
   void popScope() noexcept;
   void renewScope();
   [[gnu::noinline]] void replaceScope();
@@ -191,7 +190,6 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value evaluateArgument(const Call::Argument& argument, const Label& label);
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
   Value run(const Function& function, Arguments arguments);
-  void bind(const Function& function, Arguments arguments);
   Value executeBody(const Statements& body);
   Value takeReturnValue();
   void printDescription(const Value& value);

@@ -28,26 +28,16 @@ Value Interpreter::takeReturnValue() {
   return Value::nil();
 }
 
-/// Gives the names of the parameters to a scope that isn't pushed yet.
-[[gnu::always_inline]] inline void Interpreter::bind(const Function& function, Arguments arguments) {
-  // The scope hangs on the declaring scope, not on the caller's.
-  Environment& scope = stack_.prepare(function.closure().get());
-  auto argument = arguments.begin();
-  try {
-    for (const FunctionParameter& parameter : function.declaration().parameters) {
-      if (argument == arguments.end()) break;
-      if (!scope.values.add(parameter.name.lexeme, *argument)) scope.define(parameter.name, *argument);
-      ++argument;
-    }
-  } catch (...) {
-    scope.values.clear();
-    throw;
-  }
-}
-
 Value Interpreter::run(const Function& function, Arguments arguments) {
-  bind(function, arguments);
-  const ScopeGuard scope(*this, std::in_place);
+  // The scope hangs on the declaring scope, not on the caller's.
+  const ScopeGuard guard(*this, *function.closure());
+  Environment& scope = current();
+  auto argument = arguments.begin();
+  for (const FunctionParameter& parameter : function.declaration().parameters) {
+    if (argument == arguments.end()) break;
+    if (!scope.values.add(parameter.name.lexeme, *argument)) scope.define(parameter.name, *argument);
+    ++argument;
+  }
   return executeBody(function.declaration().body);
 }
 

@@ -116,11 +116,6 @@ inline const StringExpression* Interpreter::textThatGrows(const Assignment& node
   return value ? value->number() : nullptr;
 }
 
-[[gnu::always_inline]] inline void Interpreter::pushScope() {
-  stack_.prepare(&current());
-  stack_.pushPrepared();
-}
-
 [[gnu::always_inline]] inline void Interpreter::popScope() noexcept {
   if (stack_.size() < 2) [[unlikely]]
     fatalError("The outermost scope can't be popped.");

@@ -7,12 +7,10 @@ namespace velto {
 
 class ScopeGuard {
  public:
-  [[gnu::always_inline]] explicit ScopeGuard(Interpreter& interpreter) : interpreter_(interpreter) {
-    interpreter.pushScope();
-  }
-  /// The scope that has been prepared.
-  [[gnu::always_inline]] ScopeGuard(Interpreter& interpreter, std::in_place_t) noexcept : interpreter_(interpreter) {
-    interpreter.stack_.pushPrepared();
+  [[gnu::always_inline]] explicit ScopeGuard(Interpreter& interpreter)
+      : ScopeGuard(interpreter, interpreter.current()) {}
+  [[gnu::always_inline]] ScopeGuard(Interpreter& interpreter, Environment& enclosing) : interpreter_(interpreter) {
+    interpreter.stack_.push(&enclosing);
   }
   [[gnu::always_inline]] ~ScopeGuard() { interpreter_.popScope(); }
   ScopeGuard(const ScopeGuard&) = delete;

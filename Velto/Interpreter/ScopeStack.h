@@ -25,22 +25,16 @@ class ScopeStack {
   /// The scope around the current one, which there must be.
   Environment& belowTop() const noexcept { return *top_[-1]; }
 
-  /// The scope that is pushed next if nothing else is, inside `enclosing`. It is new. Where its names are written
-  /// before it is pushed and that fails, they have to be taken back.
-  [[gnu::always_inline]] Environment& prepare(Environment* enclosing) {
+  /// Enters a new scope inside `enclosing`.
+  [[gnu::always_inline]] void push(Environment* enclosing) {
     if (!top_[1]) [[unlikely]]
       makeNext();
-    Environment& scope = *top_[1];
     // It has to live for as long as this scope stands here, so that the link needs no counting before `release`.
-    scope.enclosing_ = enclosing;
-    return scope;
+    (*++top_)->enclosing_ = enclosing;
   }
-  [[gnu::always_inline]] void pushPrepared() noexcept { ++top_; }
-
   void push(Ref<Environment> scope);
 
-  /// Leaves the current scope, which mustn't be the outermost. What others hold is given to the caller; null if it
-  /// isn't held.
+  /// Leaves the current scope, which mustn't be the outermost. It is given to the caller if others hold it; else null.
   [[gnu::always_inline]] Ref<Environment> pop() noexcept {
     Ref<Environment> scope = std::move(*top_--);
     if (!scope->isUnshared()) [[unlikely]] {
