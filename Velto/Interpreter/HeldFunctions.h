@@ -21,9 +21,9 @@ inline const Object* containerOf(const Value& value) noexcept {
   return array ? static_cast<const Object*>(array) : value.dictionary();
 }
 
-/// Whether a function may stand inside, or is what stands there.
-inline bool mayHoldFunction(const Value& value) noexcept {
-  return declaredFunction(value) || (isContainer(value) && !isKnownToBePlain(value));
+/// Whether a function may stand inside.
+inline bool mayHoldInside(const Value& value) noexcept {
+  return isContainer(value) && !isKnownToBePlain(value);
 }
 
 /// Goes through a value and all values inside, however deep. `Visitor` tells what for: `visit` gets each declared
@@ -35,14 +35,15 @@ void visitFunctions(const Value& root, Visitor& visitor) {
   bool isPlain = true;
   std::vector<const Value*> waiting;
   const auto take = [&](const Value& part) {
-    if (!mayHoldFunction(part)) return;
     if (const Function* const function = declaredFunction(part)) {
       isPlain = false;
       visitor.visit(*function);
-    } else if (visitor.enter(part)) {
-      waiting.push_back(&part);
-    } else {
-      isPlain = false;
+    } else if (mayHoldInside(part)) {
+      if (visitor.enter(part)) {
+        waiting.push_back(&part);
+      } else {
+        isPlain = false;
+      }
     }
   };
   take(root);
@@ -52,7 +53,7 @@ void visitFunctions(const Value& root, Visitor& visitor) {
     } else {
       for (const auto& [key, value] : (*container)->dictionary()->entries()) {
         if (Visitor::hasKeys) take(key);
-        isPlain = isPlain && !mayHoldFunction(key);
+        isPlain = isPlain && !declaredFunction(key) && !mayHoldInside(key);
         take(value);
       }
     }

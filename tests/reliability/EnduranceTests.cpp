@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <limits>
@@ -23,6 +22,7 @@
 #include "Velto/Velto.h"
 #include "tests/reliability/Endurance.h"
 #include "tests/reliability/FailingAllocator.h"
+#include "tests/reliability/Files.h"
 #include "tests/reliability/Place.h"
 #include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
@@ -78,16 +78,6 @@ class Example {
  private:
   std::filesystem::path project() const { return folder_ / "project"; }
   std::filesystem::path output() const { return folder_ / "output"; }
-
-  static Files filesIn(const std::filesystem::path& folder) {
-    Files found;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-      if (!entry.is_regular_file()) continue;
-      std::ifstream file(entry.path(), std::ios::binary);
-      found[entry.path().lexically_relative(folder).string()] = {std::istreambuf_iterator<char>(file), {}};
-    }
-    return found;
-  }
 
   std::filesystem::path folder_;
   Files expected_;

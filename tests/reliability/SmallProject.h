@@ -5,11 +5,9 @@
 #include <string>
 
 #include "Velto/Velto.h"
+#include "tests/reliability/Files.h"
 
 namespace velto::test {
-
-/// The bytes of files by their paths.
-using Files = std::map<std::string, std::string>;
 
 /// Two programs with what they need: `main.velto` succeeds, `faulty.velto` goes through what is reported, and fails.
 /// Both write below the global `outputPath`.

@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -136,16 +135,6 @@ class SharedFolder {
 
   std::filesystem::path path_;
 };
-
-Files filesIn(const std::filesystem::path& folder) {
-  Files found;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-    if (!entry.is_regular_file()) continue;
-    std::ifstream file(entry.path(), std::ios::binary);
-    found[entry.path().lexically_relative(folder).string()] = {std::istreambuf_iterator<char>(file), {}};
-  }
-  return found;
-}
 
 /// The files below `folder`, by their paths in there.
 Files filesBelow(const std::string& folder, const Files& all) {
