@@ -20,6 +20,15 @@ void Bindings::set(const String& name, Value value) {
   }
 }
 
+void Bindings::writeBehindLast(const String& name, const Value& value) {
+  if (size() < bindings_.size()) {
+    *end_ = Binding(name, value);
+  } else {
+    bindings_.emplace_back(name, value);
+    end_ = &bindings_.back();
+  }
+}
+
 bool Bindings::remove(const String& name) {
   const std::size_t hash = name.hash();
   const Binding* const binding = mayHave(hash) ? findBinding(name, hash) : nullptr;
@@ -27,22 +36,22 @@ bool Bindings::remove(const String& name) {
   const auto place = bindings_.begin() + (binding - bindings_.data());
   const Value doomed = std::move(place->value);  // what goes with it may look at this scope
   bindings_.erase(place);
+  --end_;
   if (hasTable()) rebuildTable(table_.size());
   return true;
 }
 
 void Bindings::removeAll() noexcept {
   // One by one, and whole in between: what goes with a value may look at this scope, or even add to it.
-  while (!bindings_.empty()) {
+  while (end_ != bindings_.data()) {
     if (hasTable()) table_.clear();
-    const Value doomed = std::move(bindings_.back().value);
-    bindings_.pop_back();
+    const Value doomed = std::move((--end_)->value);
   }
   filter_ = 0;
 }
 
 const Bindings::Binding* Bindings::findByText(const String& name, std::size_t hash) const {
-  for (const Binding& binding : bindings_) {
+  for (const Binding& binding : bindings()) {
     if (isNamed(binding, name, hash)) return &binding;
   }
   return nullptr;
@@ -58,7 +67,7 @@ const Bindings::Binding* Bindings::findInTable(const String& name, std::size_t h
 }
 
 void Bindings::addToTable(std::size_t index) {
-  if (2 * bindings_.size() > table_.size()) return rebuildTable(std::max(4 * few, 2 * table_.size()));
+  if (2 * size() > table_.size()) return rebuildTable(std::max(4 * few, 2 * table_.size()));
   const std::size_t mask = table_.size() - 1;
   std::size_t slot = bindings_[index].name.hash() & mask;
   while (table_[slot] != 0) slot = (slot + 1) & mask;
@@ -67,7 +76,7 @@ void Bindings::addToTable(std::size_t index) {
 
 void Bindings::rebuildTable(std::size_t slots) {
   table_.assign(slots, 0);
-  for (std::size_t index = 0; index < bindings_.size(); ++index) addToTable(index);
+  for (std::size_t index = 0; index < size(); ++index) addToTable(index);
 }
 
 }  // namespace velto

@@ -24,6 +24,10 @@ class Bindings {
   /// How many names do without a table.
   static constexpr std::size_t few = 8;
 
+  Bindings() = default;
+  Bindings(const Bindings&) = delete;
+  Bindings& operator=(const Bindings&) = delete;
+
   /// Null if the name isn't there; good until the next `set`.
   const Value* find(const String& name) const { return find(name, name.hash()); }
   /// The same for a name whose hash is known.
@@ -38,7 +42,7 @@ class Bindings {
   [[gnu::always_inline]] const Value* findAt(std::uint32_t place, const String& name) const noexcept {
     // As numbers, since there needn't be any memory for the place to lie in.
     const auto address = reinterpret_cast<std::uintptr_t>(bindings_.data()) + place * sizeof(Binding);
-    if (address >= reinterpret_cast<std::uintptr_t>(bindings_.data() + bindings_.size())) return nullptr;
+    if (address >= reinterpret_cast<std::uintptr_t>(end_)) return nullptr;
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the number was made of a pointer into the same array
     const auto* const binding = reinterpret_cast<const Binding*>(address);
     return binding->name.isSameAs(name) ? &binding->value : nullptr;
@@ -62,23 +66,38 @@ class Bindings {
   /// False if the name isn't there. Those behind it move up.
   bool remove(const String& name);
   bool contains(const String& name) const { return find(name) != nullptr; }
-  /// Keeps the memory for the names to come.
+  /// Keeps the memory for the names to come, and the names themselves: they are often the same again.
   void clear() noexcept {
-    if (!bindings_.empty()) removeAll();
+    if (size() != 0) removeAll();
+  }
+  /// The same where nothing goes with the values. False, and some names may be left, if something would, or might.
+  [[gnu::always_inline]] bool clearIfPlain() noexcept {
+    if (hasTable()) return false;
+    for (; end_ != bindings_.data(); --end_) {
+      if (end_[-1].value.isHolder()) return false;
+    }
+    filter_ = 0;
+    return true;
   }
 
   /// Whether there are so many names that a table helps to find them.
   bool hasTable() const noexcept { return !table_.empty(); }
 
-  std::span<const Binding> bindings() const noexcept { return bindings_; }
-  std::size_t size() const noexcept { return bindings_.size(); }
+  std::span<const Binding> bindings() const noexcept { return {bindings_.data(), size()}; }
+  std::size_t size() const noexcept { return static_cast<std::size_t>(end_ - bindings_.data()); }
 
  private:
   void append(const String& name, const Value& value, std::size_t hash) {
-    bindings_.emplace_back(name, value);
+    if (size() < bindings_.size() && end_->name.isSameAs(name)) [[likely]] {
+      end_->value = value;
+    } else {
+      writeBehindLast(name, value);
+    }
+    ++end_;
     filter_ |= filterBit(hash);
-    if (bindings_.size() > few) addToTable(bindings_.size() - 1);
+    if (size() > few) addToTable(size() - 1);
   }
+  [[gnu::noinline]] void writeBehindLast(const String& name, const Value& value);
   void removeAll() noexcept;
   static std::uint64_t filterBit(std::size_t hash) noexcept { return std::uint64_t{1} << (hash & 63); }
   const Binding* findBinding(const String& name, std::size_t hash) const {
@@ -86,7 +105,7 @@ class Bindings {
   }
   /// Names of one file share their storage, so the first pass nearly always decides.
   const Binding* findAmongFew(const String& name, std::size_t hash) const {
-    for (const Binding& binding : bindings_) {
+    for (const Binding& binding : bindings()) {
       if (binding.name.isSameAs(name)) return &binding;
     }
     return findByText(name, hash);
@@ -97,6 +116,7 @@ class Bindings {
   void rebuildTable(std::size_t slots);
 
   std::vector<Binding> bindings_;
+  Binding* end_ = nullptr;  // of those that are there; the names behind it have been cleared, and hold nothing
   std::vector<std::uint32_t> table_;  // open addressing: 0, or 1 + the index of a binding; empty while few
   std::uint64_t filter_ = 0;          // a bit for each name: most questions are for names that stand further out
 };

@@ -180,9 +180,10 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
 
   // InterpreterCalls.cpp: calls and function declarations
   Value callMember(const Call& node, const Member& member);
-  Value call(const Call& node, const Value& callee);
+  Value callNative(const Call& node, const Callable& callee);
+  const Callable& callableOf(const Call& node, const Value& callee);
   template <typename Callee>
-  Value call(const Call& node, const Callee& callee);
+  [[gnu::always_inline]] Value call(const Call& node, const Callee& callee);
   Value callWith(const Call& node, const Function& function, Arguments arguments);
   Value callWith(const Call& node, const Callable& callee, Arguments arguments);
   [[gnu::cold, gnu::noinline]] void tellOfCall(const Call& node, const Callable& callee,
@@ -190,6 +191,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value evaluateArgument(const Call::Argument& argument, const Label& label);
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
   Value run(const Function& function, Arguments arguments);
+  Value execute(const Function& function, Arguments arguments);
   Value executeBody(const Statements& body);
   Value takeReturnValue();
   void printDescription(const Value& value);

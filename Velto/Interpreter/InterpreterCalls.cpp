@@ -1,8 +1,8 @@
 // Calls, and the declaration of functions.
-#include <boost/container/small_vector.hpp>
 #include <utility>
 
 #include "Velto/Diagnostics/VeltoError.h"
+#include "Velto/Interpreter/ArgumentList.h"
 #include "Velto/Interpreter/Function.h"
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
@@ -28,7 +28,12 @@ Value Interpreter::takeReturnValue() {
   return Value::nil();
 }
 
+/// For functions that are called by something else than a call of the language, which has this in line.
 Value Interpreter::run(const Function& function, Arguments arguments) {
+  return execute(function, arguments);
+}
+
+[[gnu::always_inline]] inline Value Interpreter::execute(const Function& function, Arguments arguments) {
   // The scope hangs on the declaring scope, not on the caller's.
   const ScopeGuard guard(*this, *function.closure());
   Environment& scope = current();
@@ -46,7 +51,9 @@ Value Interpreter::valueOf(const Call& node) {
     failExhausted(node.range);
   if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
   const bool isVariable = node.callee.kind() == ExpressionKinds::of<Variable>;
-  return call(node, isVariable ? valueOf(node.callee.record<Variable>()) : evaluateNode(node.callee));
+  const Value callee = isVariable ? valueOf(node.callee.record<Variable>()) : evaluateNode(node.callee);
+  const Callable& callable = callableOf(node, callee);
+  return callable.isDeclared() ? call(node, static_cast<const Function&>(callable)) : callNative(node, callable);
 }
 
 /// A form of a text comes without the function that the member is.
@@ -56,14 +63,18 @@ Value Interpreter::callMember(const Call& node, const Member& member) {
     if (const StringForm form = stringForm(member.member.lexeme)) return recentForms_->formOf(*callee.string(), form);
   }
   callee = memberOf(callee, member);
+  return callNative(node, callableOf(node, callee));
+}
+
+/// Apart, so that calls of the language's own functions stay lean.
+[[gnu::noinline]] Value Interpreter::callNative(const Call& node, const Callable& callee) {
   return call(node, callee);
 }
 
-[[gnu::always_inline]] inline Value Interpreter::call(const Call& node, const Value& callee) {
+inline const Callable& Interpreter::callableOf(const Call& node, const Value& callee) {
   const Callable* const callable = callee.callable();
   if (!callable) fail(node.paren.range, "Can only call functions and classes.");
-  if (callable->isDeclared()) return call(node, static_cast<const Function&>(*callable));
-  return call(node, *callable);
+  return *callable;
 }
 
 [[gnu::always_inline]] inline Value Interpreter::evaluateArgument(const Call::Argument& argument, const Label& label) {
@@ -73,19 +84,18 @@ Value Interpreter::callMember(const Call& node, const Member& member) {
 }
 
 template <typename Callee>
-[[gnu::always_inline]] inline Value Interpreter::call(const Call& node, const Callee& callee) {
+inline Value Interpreter::call(const Call& node, const Callee& callee) {
   const std::span<const Label> labels = callee.labels();
   if (labels.size() != node.arguments.size()) [[unlikely]]
     failArgumentCount(node, callee);
-  boost::container::small_vector<Value, 4> arguments;  // those of nearly every call stand on the stack
-  arguments.reserve(labels.size());
+  ArgumentList arguments(labels.size());
   for (std::size_t index = 0; index < labels.size(); ++index) {
-    arguments.push_back(evaluateArgument(node.arguments[index], labels[index]));
+    arguments.add(evaluateArgument(node.arguments[index], labels[index]));
   }
   try {
-    return callWith(node, callee, std::span<const Value>(arguments));
+    return callWith(node, callee, arguments.values());
   } catch (const VeltoError&) {
-    tellOfCall(node, callee, std::span<const Value>(arguments));
+    tellOfCall(node, callee, arguments.values());
     throw;
   }
 }
@@ -97,7 +107,7 @@ void Interpreter::tellOfCall(const Call& node, const Callable& callee, std::span
 }
 
 inline Value Interpreter::callWith(const Call&, const Function& function, Arguments arguments) {
-  return run(function, arguments);
+  return execute(function, arguments);
 }
 
 inline Value Interpreter::callWith(const Call& node, const Callable& callee, Arguments arguments) {

@@ -68,7 +68,7 @@ namespace velto {
   }
 }
 
-inline Value Interpreter::valueOf(const Return& node) {
+[[gnu::always_inline]] inline Value Interpreter::valueOf(const Return& node) {
   return node.value ? evaluate(*node.value) : Value::nil();
 }
 
@@ -117,7 +117,7 @@ inline const StringExpression* Interpreter::textThatGrows(const Assignment& node
 }
 
 [[gnu::always_inline]] inline void Interpreter::popScope() noexcept {
-  if (stack_.size() < 2) [[unlikely]]
+  if (stack_.hasOnlyOutermost()) [[unlikely]]
     fatalError("The outermost scope can't be popped.");
   if (Ref<Environment> held = stack_.pop()) [[unlikely]]
     survivors_.leave(std::move(held));

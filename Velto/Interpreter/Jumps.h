@@ -20,7 +20,7 @@ class Jumps {
   /// Of one that is set.
   const Range& range(Kind kind) const noexcept { return ranges_[static_cast<std::size_t>(kind)]; }
 
-  void set(Kind kind, const Range& range) noexcept {
+  [[gnu::always_inline]] void set(Kind kind, const Range& range) noexcept {
     set_ |= bit(kind);
     Range& own = ranges_[static_cast<std::size_t>(kind)];
     if (!own.file.isSameAs(range.file)) own.file = range.file;  // nearly always that of the last one

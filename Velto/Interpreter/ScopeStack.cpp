@@ -12,6 +12,19 @@ void ScopeStack::push(Ref<Environment> scope) {
   *++top_ = std::move(scope);
 }
 
+Ref<Environment> ScopeStack::popWithAll() noexcept {
+  Ref<Environment> scope = std::move(*top_--);
+  if (!scope->isUnshared()) {
+    release(*scope);
+    return scope;
+  }
+  // Whatever goes with the names may push scopes meanwhile.
+  scope->values.clear();
+  if (scope->isObserving_) scope->letGoOfEnclosing();
+  if (!top_[1] && !scope->values.hasTable()) top_[1].swap(scope);
+  return nullptr;
+}
+
 /// For a scope that leaves the stack, and that others hold.
 void ScopeStack::release(Environment& scope) noexcept {
   if (scope.isObserving_ || !scope.enclosing()) return;

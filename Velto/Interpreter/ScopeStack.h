@@ -21,6 +21,7 @@ class ScopeStack {
 
   std::span<const Ref<Environment>> scopes() const noexcept { return {slots_.data(), size()}; }
   std::size_t size() const noexcept { return static_cast<std::size_t>(top_ - slots_.data()) + 1; }
+  bool hasOnlyOutermost() const noexcept { return top_ == slots_.data(); }
   const Ref<Environment>& top() const noexcept { return *top_; }
   /// The scope around the current one, which there must be.
   Environment& belowTop() const noexcept { return *top_[-1]; }
@@ -36,20 +37,16 @@ class ScopeStack {
 
   /// Leaves the current scope, which mustn't be the outermost. It is given to the caller if others hold it; else null.
   [[gnu::always_inline]] Ref<Environment> pop() noexcept {
-    Ref<Environment> scope = std::move(*top_--);
-    if (!scope->isUnshared()) [[unlikely]] {
-      release(*scope);
-      return scope;
+    Environment& scope = **top_;
+    if (scope.isUnshared() && !scope.isObserving_ && scope.values.clearIfPlain()) [[likely]] {
+      --top_;
+      return nullptr;
     }
-    // Whatever goes with the names may push scopes meanwhile.
-    scope->values.clear();
-    if (scope->isObserving_) scope->letGoOfEnclosing();
-    if (!top_[1] && !scope->values.hasTable()) [[likely]]
-      top_[1].swap(scope);
-    return nullptr;
+    return popWithAll();
   }
 
  private:
+  [[gnu::noinline]] Ref<Environment> popWithAll() noexcept;
   static void release(Environment& scope) noexcept;
   [[gnu::noinline]] void makeNext();
   void grow();

@@ -94,6 +94,8 @@ class Value {
   Case kind() const noexcept;
   bool isNil() const noexcept { return tag_ == Tag::nil; }
   bool isUninitialized() const noexcept { return tag_ == Tag::uninitialized; }
+  /// Whether it shares something with its copies: a text, an object or a callable.
+  bool isHolder() const noexcept { return tag_ >= Tag::string; }
   bool isObject() const noexcept { return tag_ >= Tag::string && tag_ != Tag::callable; }
 
   const bool* boolean() const noexcept { return tag_ == Tag::boolean ? &boolean_ : nullptr; }

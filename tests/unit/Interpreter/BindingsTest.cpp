@@ -41,6 +41,48 @@ TEST(Bindings, AreAsNewOnceTheyAreCleared) {
   }
 }
 
+TEST(Bindings, TakeOtherNamesOnceTheyAreCleared) {
+  Bindings names;
+  for (const char* const name : {"a", "b", "c"}) names.set(name, name);
+  names.clear();
+  names.set("a", 1);
+  names.set("c", 2);
+  EXPECT_EQ(names.find("b"), nullptr);
+  EXPECT_EQ(*names.find("a"), Value(1));
+  EXPECT_EQ(*names.findAt(1, names.bindings()[1].name), Value(2));
+  EXPECT_EQ(names.findAt(2, "c"), nullptr);
+  EXPECT_TRUE(names.remove("a"));
+  EXPECT_EQ(names.size(), 1u);
+  EXPECT_EQ(names.bindings()[0].name, "c");
+}
+
+TEST(Bindings, AreClearedAtOnceIfNothingGoesWithThem) {
+  Bindings names;
+  names.set("a", true);
+  names.set("b", 1);
+  EXPECT_TRUE(names.clearIfPlain());
+  EXPECT_EQ(names.size(), 0u);
+  EXPECT_EQ(names.find("a"), nullptr);
+  names.set("b", 2);
+  EXPECT_EQ(*names.find("b"), Value(2));
+}
+
+TEST(Bindings, AreNotClearedAtOnceIfAValueHoldsSomething) {
+  Bindings names;
+  names.set("a", "text");
+  names.set("b", 1);
+  EXPECT_FALSE(names.clearIfPlain());
+  ASSERT_NE(names.find("a"), nullptr);
+  EXPECT_EQ(*names.find("a"), Value("text"));
+}
+
+TEST(Bindings, AreNotClearedAtOnceIfTheyAreMany) {
+  Bindings names;
+  for (std::size_t number = 0; number <= Bindings::few; ++number) names.set(decimal(static_cast<Int>(number)), nullptr);
+  EXPECT_FALSE(names.clearIfPlain());
+  EXPECT_EQ(names.size(), Bindings::few + 1);
+}
+
 /// An object that adds a name to a scope when it goes.
 class Latecomer final : public Object {
  public:

@@ -1,0 +1,47 @@
+// The arguments of a call while they are worked out.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <utility>
+
+#include "Velto/Value/Value.h"
+
+namespace velto {
+
+/// At most as many values as it was made for; those of nearly every call stand on the stack.
+class ArgumentList {
+ public:
+  [[gnu::always_inline]] explicit ArgumentList(std::size_t capacity) {
+    if (capacity > few) [[unlikely]] {
+      more_ = std::make_unique<Room[]>(capacity);
+      end_ = begin_ = &more_[0].value;
+    }
+  }
+  [[gnu::always_inline]] ~ArgumentList() {
+    while (end_ != begin_) (--end_)->~Value();
+  }
+  ArgumentList(const ArgumentList&) = delete;
+  ArgumentList& operator=(const ArgumentList&) = delete;
+
+  [[gnu::always_inline]] void add(Value value) noexcept { std::construct_at(end_++, std::move(value)); }
+  [[gnu::always_inline]] std::span<const Value> values() const noexcept { return {begin_, end_}; }
+
+ private:
+  static constexpr std::size_t few = 4;
+
+  /// For a value that isn't there yet.
+  union Room {
+    Room() noexcept {}
+    ~Room() {}
+    Value value;
+  };
+
+  Room few_[few];
+  std::unique_ptr<Room[]> more_;
+  Value* begin_ = &few_[0].value;
+  Value* end_ = begin_;
+};
+
+}  // namespace velto
