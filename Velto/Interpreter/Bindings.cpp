@@ -16,17 +16,26 @@ void Bindings::set(const String& name, Value value) {
   if (Value* present = find(name)) {
     *present = std::move(value);
   } else {
-    append(name, value, name.hash());
+    append(name, value);
   }
 }
 
-void Bindings::writeBehindLast(const String& name, const Value& value) {
-  if (size() < bindings_.size()) {
-    *end_ = Binding(name, value);
-  } else {
+bool Bindings::addAnew(const String& name, const Value& value) {
+  if (contains(name)) return false;
+  append(name, value);
+  return true;
+}
+
+void Bindings::append(const String& name, const Value& value) {
+  if (end_ == endOfAll()) {
     bindings_.emplace_back(name, value);
     end_ = &bindings_.back();
+  } else {
+    *end_ = Binding(name, value);
   }
+  ++end_;
+  filter_ |= filterBit(name.hash());
+  if (size() > few) addToTable(size() - 1);
 }
 
 bool Bindings::remove(const String& name) {
@@ -47,6 +56,7 @@ void Bindings::removeAll() noexcept {
     if (hasTable()) table_.clear();
     const Value doomed = std::move((--end_)->value);
   }
+  if (bindings_.size() > few) bindings_.erase(bindings_.begin() + few, bindings_.end());
   filter_ = 0;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -57,11 +58,8 @@ class Bindings {
   Value* find(const String& name) { return const_cast<Value*>(std::as_const(*this).find(name)); }
   void set(const String& name, Value value);
   /// False if the name is there already.
-  bool add(const String& name, const Value& value) {
-    const std::size_t hash = name.hash();
-    if (mayHave(hash) && contains(name)) return false;
-    append(name, value, hash);
-    return true;
+  [[gnu::always_inline]] bool add(const String& name, const Value& value) {
+    return addAgain(name, value) || addAnew(name, value);
   }
   /// False if the name isn't there. Those behind it move up.
   bool remove(const String& name);
@@ -87,17 +85,18 @@ class Bindings {
   std::size_t size() const noexcept { return static_cast<std::size_t>(end_ - bindings_.data()); }
 
  private:
-  void append(const String& name, const Value& value, std::size_t hash) {
-    if (size() < bindings_.size() && end_->name.isSameAs(name)) [[likely]] {
-      end_->value = value;
-    } else {
-      writeBehindLast(name, value);
-    }
+  /// Adds a name that stood at the very place before the last `clear`, as those of functions and loops often do. False
+  /// for any other name, and in doubt.
+  [[gnu::always_inline]] bool addAgain(const String& name, const Value& value) noexcept {
+    const std::size_t hash = name.knownHash();
+    if (hash == 0 || mayHave(hash) || end_ == endOfAll() || !end_->name.isSameAs(name)) return false;
+    std::construct_at(&end_->value, value);  // nothing is held there
     ++end_;
     filter_ |= filterBit(hash);
-    if (size() > few) addToTable(size() - 1);
+    return true;
   }
-  [[gnu::noinline]] void writeBehindLast(const String& name, const Value& value);
+  bool addAnew(const String& name, const Value& value);
+  void append(const String& name, const Value& value);
   void removeAll() noexcept;
   static std::uint64_t filterBit(std::size_t hash) noexcept { return std::uint64_t{1} << (hash & 63); }
   const Binding* findBinding(const String& name, std::size_t hash) const {
@@ -112,11 +111,12 @@ class Bindings {
   }
   const Binding* findByText(const String& name, std::size_t hash) const;
   const Binding* findInTable(const String& name, std::size_t hash) const;
+  const Binding* endOfAll() const noexcept { return bindings_.data() + bindings_.size(); }
   void addToTable(std::size_t index);
   void rebuildTable(std::size_t slots);
 
-  std::vector<Binding> bindings_;
-  Binding* end_ = nullptr;  // of those that are there; the names behind it have been cleared, and hold nothing
+  std::vector<Binding> bindings_;  // at the end, a few at most that have been cleared: a name, and what holds nothing
+  Binding* end_ = nullptr;         // of those that haven't
   std::vector<std::uint32_t> table_;  // open addressing: 0, or 1 + the index of a binding; empty while few
   std::uint64_t filter_ = 0;          // a bit for each name: most questions are for names that stand further out
 };

@@ -179,6 +179,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value element(const Subscript& node, const String& string);
 
   // InterpreterCalls.cpp: calls and function declarations
+  Value calleeOf(const Expression& callee);
   Value callMember(const Call& node, const Member& member);
   Value callNative(const Call& node, const Callable& callee);
   const Callable& callableOf(const Call& node, const Value& callee);
@@ -192,6 +193,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
   Value run(const Function& function, Arguments arguments);
   Value execute(const Function& function, Arguments arguments);
+  void bind(const std::vector<FunctionParameter>& parameters, Arguments arguments);
   Value executeBody(const Statements& body);
   Value takeReturnValue();
   void printDescription(const Value& value);

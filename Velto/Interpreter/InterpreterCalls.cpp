@@ -28,6 +28,17 @@ Value Interpreter::takeReturnValue() {
   return Value::nil();
 }
 
+[[gnu::always_inline]] inline void Interpreter::bind(const std::vector<FunctionParameter>& parameters,
+                                                     Arguments arguments) {
+  Environment& scope = current();
+  auto argument = arguments.begin();
+  for (const FunctionParameter& parameter : parameters) {
+    if (argument == arguments.end()) break;
+    if (!scope.values.add(parameter.name.lexeme, *argument)) scope.define(parameter.name, *argument);
+    ++argument;
+  }
+}
+
 /// For functions that are called by something else than a call of the language, which has this in line.
 Value Interpreter::run(const Function& function, Arguments arguments) {
   return execute(function, arguments);
@@ -36,13 +47,7 @@ Value Interpreter::run(const Function& function, Arguments arguments) {
 [[gnu::always_inline]] inline Value Interpreter::execute(const Function& function, Arguments arguments) {
   // The scope hangs on the declaring scope, not on the caller's.
   const ScopeGuard guard(*this, *function.closure());
-  Environment& scope = current();
-  auto argument = arguments.begin();
-  for (const FunctionParameter& parameter : function.declaration().parameters) {
-    if (argument == arguments.end()) break;
-    if (!scope.values.add(parameter.name.lexeme, *argument)) scope.define(parameter.name, *argument);
-    ++argument;
-  }
+  bind(function.declaration().parameters, arguments);
   return executeBody(function.declaration().body);
 }
 
@@ -50,10 +55,16 @@ Value Interpreter::valueOf(const Call& node) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);
   if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
-  const bool isVariable = node.callee.kind() == ExpressionKinds::of<Variable>;
-  const Value callee = isVariable ? valueOf(node.callee.record<Variable>()) : evaluateNode(node.callee);
+  const Value callee = calleeOf(node.callee);
   const Callable& callable = callableOf(node, callee);
   return callable.isDeclared() ? call(node, static_cast<const Function&>(callable)) : callNative(node, callable);
+}
+
+[[gnu::always_inline]] inline Value Interpreter::calleeOf(const Expression& callee) {
+  if (callee.kind() != ExpressionKinds::of<Variable>) return evaluateNode(callee);
+  const auto& variable = callee.record<Variable>();
+  const Value* const value = findAtOnce(variable);
+  return value ? *value : lookUp(variable);
 }
 
 /// A form of a text comes without the function that the member is.
