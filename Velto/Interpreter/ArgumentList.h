@@ -15,8 +15,8 @@ class ArgumentList {
  public:
   [[gnu::always_inline]] explicit ArgumentList(std::size_t capacity) {
     if (capacity > few) [[unlikely]] {
-      more_ = std::make_unique<Room[]>(capacity);
-      end_ = begin_ = &more_[0].value;
+      more_.reset(new std::byte[capacity * sizeof(Value)]);
+      end_ = begin_ = reinterpret_cast<Value*>(more_.get());
     }
   }
   [[gnu::always_inline]] ~ArgumentList() {
@@ -31,16 +31,9 @@ class ArgumentList {
  private:
   static constexpr std::size_t few = 4;
 
-  /// For a value that isn't there yet.
-  union Room {
-    Room() noexcept {}
-    ~Room() {}
-    Value value;
-  };
-
-  Room few_[few];
-  std::unique_ptr<Room[]> more_;
-  Value* begin_ = &few_[0].value;
+  alignas(Value) std::byte few_[few * sizeof(Value)];
+  std::unique_ptr<std::byte[]> more_;
+  Value* begin_ = reinterpret_cast<Value*>(few_);
   Value* end_ = begin_;
 };
 

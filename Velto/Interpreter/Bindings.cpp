@@ -27,6 +27,8 @@ bool Bindings::addAnew(const String& name, const Value& value) {
 }
 
 void Bindings::append(const String& name, const Value& value) {
+  // First, as it is what may lack memory: a name mustn't stand here without being found.
+  if (size() >= few || hasTable()) makeRoomInTable();
   if (end_ == endOfAll()) {
     bindings_.emplace_back(name, value);
     end_ = &bindings_.back();
@@ -35,7 +37,7 @@ void Bindings::append(const String& name, const Value& value) {
   }
   ++end_;
   filter_ |= filterBit(name.hash());
-  if (size() > few) addToTable(size() - 1);
+  if (hasTable()) enterIntoTable(size() - 1);
 }
 
 bool Bindings::remove(const String& name) {
@@ -76,17 +78,21 @@ const Bindings::Binding* Bindings::findInTable(const String& name, std::size_t h
   return nullptr;
 }
 
-void Bindings::addToTable(std::size_t index) {
-  if (2 * size() > table_.size()) return rebuildTable(std::max(4 * few, 2 * table_.size()));
-  const std::size_t mask = table_.size() - 1;
-  std::size_t slot = bindings_[index].name.hash() & mask;
-  while (table_[slot] != 0) slot = (slot + 1) & mask;
-  table_[slot] = static_cast<std::uint32_t>(index + 1);
+/// For one name more.
+void Bindings::makeRoomInTable() {
+  if (2 * (size() + 1) > table_.size()) rebuildTable(std::max(4 * few, 2 * table_.size()));
 }
 
 void Bindings::rebuildTable(std::size_t slots) {
   table_.assign(slots, 0);
-  for (std::size_t index = 0; index < size(); ++index) addToTable(index);
+  for (std::size_t index = 0; index < size(); ++index) enterIntoTable(index);
+}
+
+void Bindings::enterIntoTable(std::size_t index) {
+  const std::size_t mask = table_.size() - 1;
+  std::size_t slot = bindings_[index].name.hash() & mask;
+  while (table_[slot] != 0) slot = (slot + 1) & mask;
+  table_[slot] = static_cast<std::uint32_t>(index + 1);
 }
 
 }  // namespace velto

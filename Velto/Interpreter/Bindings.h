@@ -29,7 +29,7 @@ class Bindings {
   Bindings(const Bindings&) = delete;
   Bindings& operator=(const Bindings&) = delete;
 
-  /// Null if the name isn't there; good until the next `set`.
+  /// Null if the name isn't there; good until the names change.
   const Value* find(const String& name) const { return find(name, name.hash()); }
   /// The same for a name whose hash is known.
   const Value* find(const String& name, std::size_t hash) const {
@@ -64,11 +64,11 @@ class Bindings {
   /// False if the name isn't there. Those behind it move up.
   bool remove(const String& name);
   bool contains(const String& name) const { return find(name) != nullptr; }
-  /// Keeps the memory for the names to come, and the names themselves: they are often the same again.
+  /// Keeps the memory for the names to come, and the first few names themselves: they are often the same again.
   void clear() noexcept {
     if (size() != 0) removeAll();
   }
-  /// The same where nothing goes with the values. False, and some names may be left, if something would, or might.
+  /// The same if no value holds anything, and there is no table. Else false; some names at the end may be gone.
   [[gnu::always_inline]] bool clearIfPlain() noexcept {
     if (hasTable()) return false;
     for (; end_ != bindings_.data(); --end_) {
@@ -112,11 +112,12 @@ class Bindings {
   const Binding* findByText(const String& name, std::size_t hash) const;
   const Binding* findInTable(const String& name, std::size_t hash) const;
   const Binding* endOfAll() const noexcept { return bindings_.data() + bindings_.size(); }
-  void addToTable(std::size_t index);
+  void makeRoomInTable();
   void rebuildTable(std::size_t slots);
+  void enterIntoTable(std::size_t index);
 
-  std::vector<Binding> bindings_;  // at the end, a few at most that have been cleared: a name, and what holds nothing
-  Binding* end_ = nullptr;         // of those that haven't
+  std::vector<Binding> bindings_;  // behind those that are there, the names that were cleared, with what holds nothing
+  Binding* end_ = nullptr;         // of those that are there
   std::vector<std::uint32_t> table_;  // open addressing: 0, or 1 + the index of a binding; empty while few
   std::uint64_t filter_ = 0;          // a bit for each name: most questions are for names that stand further out
 };

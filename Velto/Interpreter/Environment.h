@@ -98,10 +98,11 @@ class Environment final : public WeaklyCounted {
   /// Never null: where no scope lies around, as around one that has died, it is `nowhere`, which never lives, has no
   /// names and lies within itself. So a walk of any length needs no questions on its way.
   Environment* enclosing_;
-  bool isObserving_;       // whether `enclosing_` counts this among its observers; else it outlives this anyway
-  bool isKept_ = false;    // by `SurvivingScopes`
-  bool isGone_ = false;    // let go by `SurvivingScopes`
-  Ref<Environment> next_;  // of those that are kept
+  bool isReusable_ = false;  // made by the `ScopeStack`, which nobody else has taken it from
+  bool isObserving_;         // whether `enclosing_` counts this among its observers; else it outlives this anyway
+  bool isKept_ = false;      // by `SurvivingScopes`
+  bool isGone_ = false;      // let go by `SurvivingScopes`
+  Ref<Environment> next_;    // of those that are kept
 };
 
 }  // namespace velto

@@ -24,8 +24,7 @@ Function::Function(FunctionDeclaration declaration, Ref<Environment> closure)
 }
 
 Value Function::call(Interpreter& interpreter, Arguments arguments, const ReportError&) const {
-  if (interpreter.depth_ == 0) interpreter.guard_ = StackGuard();  // a host calls, on whichever thread
-  return interpreter.run(*this, arguments);
+  return interpreter.call(*this, arguments);
 }
 
 String Function::description() const {

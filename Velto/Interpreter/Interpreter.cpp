@@ -70,7 +70,7 @@ class Interpreter::RunningList {
 void Interpreter::interpret(const Statements& statements) {
   const RunningList list(depth_);
   if (depth_ == 1) {
-    guard_ = StackGuard();  // for the thread that runs, whichever made the interpreter
+    if (!isCalled_) guard_ = StackGuard();  // for the thread that runs, whichever made the interpreter
     exhaustedAt_ = 0;
   }
   try {

@@ -181,7 +181,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   // InterpreterCalls.cpp: calls and function declarations
   Value calleeOf(const Expression& callee);
   Value callMember(const Call& node, const Member& member);
-  Value callNative(const Call& node, const Callable& callee);
+  Value callOther(const Call& node, const Callable& callee);
   const Callable& callableOf(const Call& node, const Value& callee);
   template <typename Callee>
   [[gnu::always_inline]] Value call(const Call& node, const Callee& callee);
@@ -191,8 +191,9 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
                                                std::span<const Value> arguments);
   Value evaluateArgument(const Call::Argument& argument, const Label& label);
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
+  Value call(const Function& function, Arguments arguments);
+  [[gnu::noinline]] Value callAtFirst(const Function& function, Arguments arguments);
   Value run(const Function& function, Arguments arguments);
-  Value execute(const Function& function, Arguments arguments);
   void bind(const std::vector<FunctionParameter>& parameters, Arguments arguments);
   Value executeBody(const Statements& body);
   Value takeReturnValue();
@@ -234,7 +235,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value returnValue_;  // of the `return` that is travelling, `nil` at all other times
   std::vector<std::shared_ptr<Library>> libraries_;
   SurvivingScopes survivors_;
-  Int depth_ = 0;        // of nested `interpret`
+  Int depth_ = 0;          // of nested `interpret`
+  bool isCalled_ = false;  // whether a function is that a host calls by itself
   Int exhaustedAt_ = 0;  // the depth at which the stack was exhausted last in this run; 0 if it never was
   StackGuard guard_;
 };

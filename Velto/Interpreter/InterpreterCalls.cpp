@@ -39,12 +39,26 @@ Value Interpreter::takeReturnValue() {
   }
 }
 
-/// For functions that are called by something else than a call of the language, which has this in line.
-Value Interpreter::run(const Function& function, Arguments arguments) {
-  return execute(function, arguments);
+/// For what isn't a call of the program itself: callbacks of native functions, and hosts.
+Value Interpreter::call(const Function& function, Arguments arguments) {
+  if (depth_ == 0 && !isCalled_) [[unlikely]]
+    return callAtFirst(function, arguments);
+  return run(function, arguments);
 }
 
-[[gnu::always_inline]] inline Value Interpreter::execute(const Function& function, Arguments arguments) {
+/// A host calls, on whichever thread: that is where the stack is measured, and not in the calls inside.
+Value Interpreter::callAtFirst(const Function& function, Arguments arguments) {
+  struct Called {
+    bool& isCalled;
+    ~Called() { isCalled = false; }
+  };
+  guard_ = StackGuard();
+  isCalled_ = true;
+  const Called called{isCalled_};
+  return call(function, arguments);
+}
+
+[[gnu::always_inline]] inline Value Interpreter::run(const Function& function, Arguments arguments) {
   // The scope hangs on the declaring scope, not on the caller's.
   const ScopeGuard guard(*this, *function.closure());
   bind(function.declaration().parameters, arguments);
@@ -57,7 +71,7 @@ Value Interpreter::valueOf(const Call& node) {
   if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
   const Value callee = calleeOf(node.callee);
   const Callable& callable = callableOf(node, callee);
-  return callable.isDeclared() ? call(node, static_cast<const Function&>(callable)) : callNative(node, callable);
+  return callable.isDeclared() ? call(node, static_cast<const Function&>(callable)) : callOther(node, callable);
 }
 
 [[gnu::always_inline]] inline Value Interpreter::calleeOf(const Expression& callee) {
@@ -74,11 +88,11 @@ Value Interpreter::callMember(const Call& node, const Member& member) {
     if (const StringForm form = stringForm(member.member.lexeme)) return recentForms_->formOf(*callee.string(), form);
   }
   callee = memberOf(callee, member);
-  return callNative(node, callableOf(node, callee));
+  return callOther(node, callableOf(node, callee));
 }
 
-/// Apart, so that calls of the language's own functions stay lean.
-[[gnu::noinline]] Value Interpreter::callNative(const Call& node, const Callable& callee) {
+/// Any callable, and apart, so that calls of the program's own functions by their names stay lean.
+[[gnu::noinline]] Value Interpreter::callOther(const Call& node, const Callable& callee) {
   return call(node, callee);
 }
 
@@ -118,7 +132,7 @@ void Interpreter::tellOfCall(const Call& node, const Callable& callee, std::span
 }
 
 inline Value Interpreter::callWith(const Call&, const Function& function, Arguments arguments) {
-  return execute(function, arguments);
+  return run(function, arguments);
 }
 
 inline Value Interpreter::callWith(const Call& node, const Callable& callee, Arguments arguments) {

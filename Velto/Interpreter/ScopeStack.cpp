@@ -12,7 +12,8 @@ void ScopeStack::push(Ref<Environment> scope) {
   *++top_ = std::move(scope);
 }
 
-Ref<Environment> ScopeStack::popWithAll() noexcept {
+/// For a scope that others hold, whose values hold something, or that a host has pushed.
+Ref<Environment> ScopeStack::popSlowly() noexcept {
   Ref<Environment> scope = std::move(*top_--);
   if (!scope->isUnshared()) {
     release(*scope);
@@ -20,13 +21,13 @@ Ref<Environment> ScopeStack::popWithAll() noexcept {
   }
   // Whatever goes with the names may push scopes meanwhile.
   scope->values.clear();
-  if (scope->isObserving_) scope->letGoOfEnclosing();
-  if (!top_[1] && !scope->values.hasTable()) top_[1].swap(scope);
+  if (scope->isReusable_ && !top_[1]) top_[1].swap(scope);
   return nullptr;
 }
 
 /// For a scope that leaves the stack, and that others hold.
 void ScopeStack::release(Environment& scope) noexcept {
+  scope.isReusable_ = false;
   if (scope.isObserving_ || !scope.enclosing()) return;
   scope.enclosing_->observe();
   scope.isObserving_ = true;
@@ -35,6 +36,7 @@ void ScopeStack::release(Environment& scope) noexcept {
 void ScopeStack::makeNext() {
   if (&top_[1] == &slots_.back()) grow();
   top_[1] = makeRef<Environment>(nullptr, logger_);
+  top_[1]->isReusable_ = true;
 }
 
 void ScopeStack::grow() {

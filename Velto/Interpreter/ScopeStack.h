@@ -30,7 +30,8 @@ class ScopeStack {
   [[gnu::always_inline]] void push(Environment* enclosing) {
     if (!top_[1]) [[unlikely]]
       makeNext();
-    // It has to live for as long as this scope stands here, so that the link needs no counting before `release`.
+    // `enclosing` has to live for as long as this scope stands here: the link isn't counted before `release`, and
+    // nobody reads the one that was left behind in a scope that waits.
     (*++top_)->enclosing_ = enclosing;
   }
   void push(Ref<Environment> scope);
@@ -38,15 +39,15 @@ class ScopeStack {
   /// Leaves the current scope, which mustn't be the outermost. It is given to the caller if others hold it; else null.
   [[gnu::always_inline]] Ref<Environment> pop() noexcept {
     Environment& scope = **top_;
-    if (scope.isUnshared() && !scope.isObserving_ && scope.values.clearIfPlain()) [[likely]] {
+    if (scope.isReusable_ && scope.isUnshared() && scope.values.clearIfPlain()) [[likely]] {
       --top_;
       return nullptr;
     }
-    return popWithAll();
+    return popSlowly();
   }
 
  private:
-  [[gnu::noinline]] Ref<Environment> popWithAll() noexcept;
+  [[gnu::noinline]] Ref<Environment> popSlowly() noexcept;
   static void release(Environment& scope) noexcept;
   [[gnu::noinline]] void makeNext();
   void grow();

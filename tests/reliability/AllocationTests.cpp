@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -102,6 +103,31 @@ TEST(SmallProject, IsRunAsExpected) {
   const bool isExhausted = levels == 0 ? guard.isExhausted() : isExhaustedBelow(guard, levels - 1);
   frame[static_cast<std::size_t>(levels)] = 1;
   return isExhausted;
+}
+
+TEST(NamesOfAScope, AreFoundAfterALackOfMemory) {
+  std::vector<String> texts;
+  for (int index = 0; index < 40; ++index) texts.push_back(decimal(index));
+  bool hasStruck = true;
+  for (std::size_t number = 0; hasStruck; ++number) {
+    Bindings names;
+    std::size_t lacking = texts.size();
+    {
+      const AllocationFailure failure(number);
+      for (std::size_t index = 0; index < texts.size(); ++index) {
+        try {
+          names.set(texts[index], "before");
+        } catch (const std::bad_alloc&) {
+          lacking = index;
+        }
+      }
+      hasStruck = failure.hasStruck();
+    }
+    for (const String& text : texts) names.set(text, "after");
+    ASSERT_EQ(names.size(), texts.size()) << number;
+    for (const String& text : texts) ASSERT_EQ(*names.find(text), Value("after")) << number;
+    EXPECT_EQ(lacking < texts.size(), hasStruck);
+  }
 }
 
 TEST(AStackGuard, ThatLackedMemoryIsNoMeasureForOthers) {

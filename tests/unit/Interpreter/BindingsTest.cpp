@@ -56,6 +56,51 @@ TEST(Bindings, TakeOtherNamesOnceTheyAreCleared) {
   EXPECT_EQ(names.bindings()[0].name, "c");
 }
 
+/// Adds `name` to those that are left of "", "a", "b" and two names that are equivalent, all of which have been
+/// cleared.
+struct AddedAgain {
+  String name;
+  std::vector<String> present;
+  bool isNew;
+};
+
+class NamesThatWereCleared : public testing::TestWithParam<AddedAgain> {};
+
+TEST_P(NamesThatWereCleared, AreAddedAsAnyOther) {
+  const auto& [name, present, isNew] = GetParam();
+  Bindings names;
+  for (const char* const before : {"a", "b", "", "\u00E9"}) names.set(before, before);
+  names.clear();
+  for (const String& other : present) ASSERT_TRUE(names.add(other, 1));
+  EXPECT_EQ(names.add(name, 2), isNew);
+  EXPECT_EQ(names.size(), present.size() + (isNew ? 1 : 0));
+  ASSERT_NE(names.find(name), nullptr);
+  EXPECT_EQ(*names.find(name), Value(isNew ? 2 : 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, NamesThatWereCleared,
+                         testing::Values(AddedAgain{"a", {}, true}, AddedAgain{"b", {}, true},
+                                         AddedAgain{"b", {"a"}, true}, AddedAgain{"b", {"b"}, false},
+                                         AddedAgain{"a", {"a", "b"}, false}, AddedAgain{"", {}, true},
+                                         AddedAgain{"", {"a", "b"}, true}, AddedAgain{"", {"a", ""}, false},
+                                         AddedAgain{"e\u0301", {"a", "b", ""}, true},
+                                         AddedAgain{"e\u0301", {"\u00E9"}, false}));
+
+TEST(Bindings, AddTheirOldNamesAgain) {
+  Bindings names;
+  std::vector<String> few;
+  for (std::size_t number = 0; number < 2 * Bindings::few; ++number) few.push_back(decimal(static_cast<Int>(number)));
+  for (const std::size_t count : {3u, 8u, 16u, 3u, 9u, 8u}) {
+    for (std::size_t number = 0; number < count; ++number) EXPECT_TRUE(names.add(few[number], number));
+    for (std::size_t number = 0; number < count; ++number) {
+      EXPECT_FALSE(names.add(few[number], nullptr));
+      EXPECT_EQ(*names.find(few[number]), Value(number));
+    }
+    EXPECT_EQ(names.size(), count);
+    names.clear();
+  }
+}
+
 TEST(Bindings, AreClearedAtOnceIfNothingGoesWithThem) {
   Bindings names;
   names.set("a", true);
@@ -125,6 +170,20 @@ TEST(Bindings, LoseANameAndKeepTheOthers) {
   }
   EXPECT_TRUE(names.add("0", 7));
   EXPECT_EQ(names.bindings().back().name, "0");
+}
+
+TEST(Bindings, FindWhatCameAfterOthersWereRemoved) {
+  Bindings names;
+  for (int index = 0; index < 9; ++index) names.set(decimal(index), index);
+  for (int index = 0; index < 9; ++index) names.remove(decimal(index));
+  names.set("a", 1);
+  names.set("a", 2);
+  EXPECT_EQ(names.size(), 1u);
+  ASSERT_NE(names.find("a"), nullptr);
+  EXPECT_EQ(*names.find("a"), Value(2));
+  names.clear();
+  EXPECT_TRUE(names.add("a", 3));
+  EXPECT_EQ(*names.find("a"), Value(3));
 }
 
 TEST(Bindings, HaveNothingAtAPlaceBehindTheirEnd) {

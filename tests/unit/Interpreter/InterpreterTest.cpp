@@ -13,7 +13,9 @@
 #include <vector>
 
 #include "Velto/Interpreter/IntegerConversion.h"
+#include "tests/reliability/Sanitizers.h"
 #include "tests/support/BareFileSystem.h"
+#include "tests/support/Fiber.h"
 #include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
 
@@ -253,6 +255,46 @@ TEST_F(InterpreterTest, RefusesTwoParametersOfOneName) {
   ASSERT_FALSE(host.messages().empty());
   EXPECT_EQ(host.messages().front(), "main:1:3...1:3: error: Variable with this name already declared in this scope.");
   EXPECT_EQ(interpreter.stack().size(), 1u);
+}
+
+/// Does something at the first message.
+class BusyLogger final : public Logger {
+ public:
+  using Logger::report;
+  void report(const Message& message) override {
+    messages.push_back(message);
+    if (const auto todo = std::exchange(work, nullptr)) todo();
+  }
+
+  std::function<void()> work;
+  std::vector<Message> messages;
+};
+
+TEST_F(InterpreterTest, CallsFunctionsWhileTwoParametersOfOneNameAreReported) {
+  const auto logger = std::make_shared<BusyLogger>();
+  Interpreter busy(Url("base"), logger, host.files);
+  const Statements inner = parsed("func g(_ a, _ b) return a + b end print(g(1, 2))");
+  logger->work = [&] { busy.interpret(inner); };
+  FunctionDeclaration declaration = parsed("func f(_ a, _ b) end")[0].record<FunctionDeclaration>();
+  declaration.parameters[1].name = declaration.parameters[0].name;
+  const Statements call = parsed("f(3, 4)");
+  busy.interpret({declaration});
+  busy.interpret(call);
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "3");
+  ASSERT_EQ(logger->messages.size(), 2u);
+  EXPECT_EQ(logger->messages[0].message, "Variable with this name already declared in this scope.");
+  EXPECT_EQ(busy.stack().size(), 1u);
+}
+
+TEST_F(InterpreterTest, ReportsNothingToTheLoggerOfAScopeThatHasLeft) {
+  const auto other = std::make_shared<ArrayLogger>();
+  interpreter.pushEnvironment(makeRef<Environment>(other));
+  interpreter.popEnvironment();
+  interpret("if true var a = 1 var a = 2 end");
+  EXPECT_THAT(other->messages, testing::IsEmpty());
+  EXPECT_THAT(host.messages(),
+              ElementsAre("main:1:23...1:24: error: Variable with this name already declared in this scope."));
 }
 
 TEST_F(InterpreterTest, FindsAVariableThatAHostHasMoved) {
@@ -629,6 +671,46 @@ TEST_F(InterpreterTest, IsGoodForTheThreadThatRuns) {
   EXPECT_EQ(host.output(), "2");
   onStack(512 * 1024, [&] { interpret("func g() g() end g()"); });
   EXPECT_EQ(host.logger->messages.at(0).message, "Stack exhausted.");
+}
+
+/// An object of a host's that gives a function of the program as its member.
+class Giver final : public Object {
+ public:
+  explicit Giver(Interpreter& interpreter) : interpreter_(interpreter) {}
+  std::optional<Value> get(const String& name) const override { return interpreter_.globals().get(name); }
+  String objectDescription() const override { return "giver"; }
+
+ private:
+  Interpreter& interpreter_;
+};
+
+TEST_F(InterpreterTest, CallsAFunctionThatIsAMember) {
+  interpreter.globals().define("o", makeRef<Giver>(interpreter));
+  interpret("func f(_ n, b m) return n + m end print(o.f(1, b: 2)) o.f(1)");
+  EXPECT_EQ(host.output(), "3");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:58...1:59: error: Expected 2 arguments but got 1."));
+}
+
+TEST_F(InterpreterTest, EndsWhatAHostCallsOnAStackWithoutBounds) {
+  if (test::isSanitized) GTEST_SKIP() << "The address sanitizer knows no exceptions on such a stack.";
+  host.files->files["/base/empty.velto"] = "";
+  interpreter.globals().define("o", makeRef<Giver>(interpreter));
+  for (const char* const body :
+       {"return f(n + 1)", "return o.f(n + 1)", "return [n + 1].map(f)", "execute(\"empty.velto\") return f(n + 1)"}) {
+    interpreter.globals().values.remove("f");
+    interpret("func f(_ n) " + std::string(body) + " end");
+    const Value function = interpreter.globals().get("f").value();
+    for (int time = 0; time < 2; ++time) {
+      host.logger->messages.clear();
+      test::onFiber(1024 * 1024, [&] {
+        const auto reportError = [](const String&) {};
+        EXPECT_THROW(function.callable()->call(interpreter, {Value(0)}, reportError), VeltoError);
+      });
+      ASSERT_FALSE(host.logger->messages.empty()) << body;
+      EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.") << body;
+      EXPECT_EQ(interpreter.stack().size(), 1u);
+    }
+  }
 }
 
 TEST_F(InterpreterTest, ReportsNestedStatementsThatWereParsedWithMoreStack) {

@@ -3,15 +3,14 @@
 
 #include <gtest/gtest.h>
 #include <pthread.h>
-#include <ucontext.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <thread>
 
 #include "tests/reliability/Sanitizers.h"
+#include "tests/support/Fiber.h"
 
 namespace velto {
 namespace {
@@ -109,18 +108,8 @@ TEST(StackGuard, EndsRecursionOnAStackWithoutBounds) {
 }
 
 TEST(StackGuard, AllowsSomeDepthOnAStackOfTheHostsOwn) {
-  static std::size_t used = 0;
-  static ucontext_t caller;
-  constexpr std::size_t size = 256 * 1024;
-  const auto stack = std::make_unique<char[]>(size);
-  ucontext_t fiber;
-  ASSERT_EQ(::getcontext(&fiber), 0);
-  fiber.uc_stack.ss_sp = stack.get();
-  fiber.uc_stack.ss_size = size;
-  fiber.uc_link = &caller;
-  ::makecontext(
-      &fiber, [] { used = here() - placeWhereExhausted(StackGuard()); }, 0);
-  ASSERT_EQ(::swapcontext(&caller, &fiber), 0);
+  std::size_t used = 0;
+  test::onFiber(256 * 1024, [&] { used = here() - placeWhereExhausted(StackGuard()); });
   EXPECT_GT(used, 48u * 1024 - step);
   EXPECT_LT(used, 48u * 1024 + step);
 }
