@@ -99,7 +99,7 @@ class Environment final : public WeaklyCounted {
   /// names and lies within itself. So a walk of any length needs no questions on its way.
   Environment* enclosing_;
   bool isReusable_ = false;  // made by the `ScopeStack`, which nobody else has taken it from
-  bool isObserving_;         // whether `enclosing_` counts this among its observers; else it outlives this anyway
+  bool isObserving_;         // whether `enclosing_` counts this; else it lives for as long as this is on the stack
   bool isKept_ = false;      // by `SurvivingScopes`
   bool isGone_ = false;      // let go by `SurvivingScopes`
   Ref<Environment> next_;    // of those that are kept

@@ -28,6 +28,7 @@ Value Interpreter::takeReturnValue() {
   return Value::nil();
 }
 
+/// A name that is there already is refused by `define`, which tells so.
 [[gnu::always_inline]] inline void Interpreter::bind(const std::vector<FunctionParameter>& parameters,
                                                      Arguments arguments) {
   Environment& scope = current();

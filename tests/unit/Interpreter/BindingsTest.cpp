@@ -101,6 +101,23 @@ TEST(Bindings, AddTheirOldNamesAgain) {
   }
 }
 
+TEST(Bindings, TellNamesApartThatTheFilterTakesForOne) {
+  constexpr std::size_t bits = 64;
+  const String first = "0";
+  Int number = 1;
+  while (decimal(number).hash() % bits != first.hash() % bits) ++number;
+  const String second = decimal(number);
+  Bindings names;
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_TRUE(names.add(first, 1));
+    EXPECT_TRUE(names.add(second, 2));
+    EXPECT_FALSE(names.add(second, 3));
+    EXPECT_EQ(*names.find(first), Value(1));
+    EXPECT_EQ(*names.find(second), Value(2));
+    names.clear();
+  }
+}
+
 TEST(Bindings, AreClearedAtOnceIfNothingGoesWithThem) {
   Bindings names;
   names.set("a", true);
