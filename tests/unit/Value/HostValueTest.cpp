@@ -139,6 +139,7 @@ TEST(HostValueAsValue, IsShallow) {
   const Value hostDictionary = *HostValue(std::map<std::string, int>{{"a", 1}}).asValue();
   EXPECT_FALSE(hostDictionary.dictionary());
   EXPECT_EQ(hostDictionary.get("count"), Value(1));
+  EXPECT_FALSE((HostValue(std::unordered_map<Value, int>{{"a", 1}}).asValue()->dictionary()));
 }
 
 TEST(HostValueAsValue, ArraysAndDictionariesOfValuesAreThatAtOnce) {
