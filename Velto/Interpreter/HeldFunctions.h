@@ -31,34 +31,49 @@ inline bool mayHoldInside(const Value& value) noexcept {
 /// in many places is to be gone through once, and `hasKeys` tells whether keys are gone through, too. A container
 /// without any function is remembered as such, and not gone through again.
 template <typename Visitor>
-void visitFunctions(const Value& root, Visitor& visitor) {
-  bool isPlain = true;
-  std::vector<const Value*> waiting;
-  const auto take = [&](const Value& part) {
-    if (const Function* const function = declaredFunction(part)) {
-      isPlain = false;
-      visitor.visit(*function);
-    } else if (mayHoldInside(part)) {
-      if (visitor.enter(part)) {
-        waiting.push_back(&part);
-      } else {
-        isPlain = false;
-      }
-    }
-  };
-  take(root);
-  while (const std::optional<const Value*> container = takeLast(waiting)) {
-    if (const Array* const array = (*container)->array()) {
+class FunctionWalk {
+ public:
+  explicit FunctionWalk(Visitor& visitor) noexcept : visitor_(visitor) {}
+
+  void run(const Value& root) {
+    take(root);
+    while (const std::optional<const Value*> container = takeLast(waiting_)) takeParts(**container);
+    if (isPlain_) rememberAsPlain(root);
+  }
+
+ private:
+  void takeParts(const Value& container) {
+    if (const Array* const array = container.array()) {
       for (const Value& element : array->elements()) take(element);
-    } else {
-      for (const auto& [key, value] : (*container)->dictionary()->entries()) {
-        if (Visitor::hasKeys) take(key);
-        isPlain = isPlain && !declaredFunction(key) && !mayHoldInside(key);
-        take(value);
-      }
+      return;
+    }
+    for (const auto& [key, value] : container.dictionary()->entries()) {
+      if (Visitor::hasKeys) take(key);
+      isPlain_ = isPlain_ && !declaredFunction(key) && !mayHoldInside(key);
+      take(value);
     }
   }
-  if (isPlain) rememberAsPlain(root);
-}
+
+  void take(const Value& part) {
+    if (const Function* const function = declaredFunction(part)) {
+      isPlain_ = false;
+      visitor_.visit(*function);
+    } else if (mayHoldInside(part)) {
+      enter(part);
+    }
+  }
+
+  void enter(const Value& container) {
+    if (visitor_.enter(container)) {
+      waiting_.push_back(&container);
+    } else {
+      isPlain_ = false;
+    }
+  }
+
+  Visitor& visitor_;
+  std::vector<const Value*> waiting_;
+  bool isPlain_ = true;
+};
 
 }  // namespace velto

@@ -91,7 +91,7 @@ bool SurvivingScopes::letGo(std::span<const Ref<Environment>> scopes) noexcept {
   try {
     Keeping keeping{*this, {}};
     for (const Ref<Environment>& scope : scopes) {
-      for (const Bindings::Binding& binding : scope->values.bindings()) visitFunctions(binding.value, keeping);
+      for (const Bindings::Binding& binding : scope->values.bindings()) FunctionWalk(keeping).run(binding.value);
     }
   } catch (const std::bad_alloc&) {
     for (const Ref<Environment>& scope : scopes) scope->isGone_ = false;

@@ -53,7 +53,7 @@ class ReachableScopes {
   void countFrom(const Environment& scope) {
     if (const auto outer = scopes_.find(scope.enclosing()); outer != scopes_.end()) --outer->second.observers;
     Counting counting{*this};
-    for (const Bindings::Binding& binding : scope.values.bindings()) visitFunctions(binding.value, counting);
+    for (const Bindings::Binding& binding : scope.values.bindings()) FunctionWalk(counting).run(binding.value);
   }
 
   void count(const Function& function) {
@@ -90,7 +90,7 @@ class ReachableScopes {
 
   void reachWithin(const Value& value) {
     Reaching reaching{*this};
-    visitFunctions(value, reaching);
+    FunctionWalk(reaching).run(value);
   }
 
   void reach(const Environment* scope) {
