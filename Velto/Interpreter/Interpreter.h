@@ -237,7 +237,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   SurvivingScopes survivors_;
   Int depth_ = 0;          // of nested `interpret`
   bool isCalled_ = false;  // whether a function is that a host calls by itself
-  Int exhaustedAt_ = 0;  // the depth at which the stack was exhausted last in this run; 0 if it never was
+  Int exhaustedAt_ = 0;    // the depth at which the stack was exhausted last in this run; 0 if it never was
   StackGuard guard_;
 };
 
