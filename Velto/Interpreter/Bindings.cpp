@@ -1,6 +1,6 @@
 #include "Velto/Interpreter/Bindings.h"
 
-#include <algorithm>
+#include <bit>
 
 namespace velto {
 
@@ -78,9 +78,10 @@ const Bindings::Binding* Bindings::findInTable(const String& name, std::size_t h
   return nullptr;
 }
 
-/// For one name more.
+/// For one name more. There may be many names and no table, as when they are being cleared or memory has lacked.
 void Bindings::makeRoomInTable() {
-  if (2 * (size() + 1) > table_.size()) rebuildTable(std::max(4 * few, 2 * table_.size()));
+  const std::size_t slots = 2 * (size() + 1);
+  if (slots > table_.size()) rebuildTable(std::bit_ceil(slots));
 }
 
 void Bindings::rebuildTable(std::size_t slots) {

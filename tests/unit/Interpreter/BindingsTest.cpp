@@ -163,12 +163,17 @@ class Latecomer final : public Object {
 };
 
 TEST(Bindings, AreWholeWhileTheyAreCleared) {
-  Bindings names;
-  names.set("first", 1);
-  names.set("object", Value(Ref<const Object>(makeRef<Latecomer>(names))));
-  names.clear();
-  EXPECT_EQ(names.size(), 0u);
-  EXPECT_EQ(names.find("late"), nullptr);
+  for (const Int others : {0, 7, 8, 40, 100}) {
+    Bindings names;
+    names.set("first", 1);
+    for (Int number = 0; number < others; ++number) names.set(decimal(number), number);
+    names.set("object", Value(Ref<const Object>(makeRef<Latecomer>(names))));
+    names.clear();
+    EXPECT_EQ(names.size(), 0u);
+    EXPECT_EQ(names.find("late"), nullptr);
+    EXPECT_TRUE(names.add("0", 1));
+    EXPECT_FALSE(names.add("0", 1));
+  }
 }
 
 TEST(Bindings, LoseANameAndKeepTheOthers) {
