@@ -99,6 +99,7 @@ coverage: dependencies
 	gcovr -j $(JOBS) --json build/coverage/coverage.json build/coverage
 	gcovr --add-tracefile build/coverage/coverage.json --fail-under-line 100
 	gcovr --add-tracefile build/coverage/coverage.json --exclude '.*\.h' --branches --fail-under-branch 95
+	scripts/check-ways build/coverage/coverage.json
 
 # Whether the tests notice small changes of the library, drawn for so many seconds; scripts/mutate tells how.
 mutants: SECONDS ?= 600

@@ -69,6 +69,7 @@ TEST(Value, EveryConstructorGivesItsCase) {
 }
 
 TEST(Value, TextComesFromEveryKindOfText) {
+  EXPECT_TRUE(Value(static_cast<const char*>(nullptr)).isNil());
   const Value rows[] = {"é", std::string("é"), std::string_view("é"), String("é"), Character("é"), U'é'};
   for (const Value& value : rows) {
     ASSERT_TRUE(value.string());
