@@ -48,13 +48,28 @@ Segments segmentsOf(const Url& base, const Url& currentDirectory) {
   return segments;
 }
 
+/// Takes the step that "." or ".." is; false for any other segment.
+bool step(std::string_view segment, Segments& segments) {
+  const bool isUp = segment == "..";
+  if (isUp && !segments.empty()) segments.pop_back();
+  return isUp || segment == ".";
+}
+
+/// The path of the base without such steps, so that one of the reference leads out of a folder and not back over a
+/// step.
+Segments folded(const Segments& base) {
+  Segments segments;
+  for (const std::string& segment : base) {
+    if (!step(segment, segments)) segments.push_back(segment);
+  }
+  return segments;
+}
+
 /// Goes along a path that is still encoded, since only a plain "." or ".." is a step.
 void follow(std::string_view path, Segments& segments) {
   const Segments parts = split(path);
   for (const std::string& part : parts) {
-    const bool isUp = part == "..";
-    const bool isStep = isUp || part == ".";
-    if (isUp && !segments.empty()) segments.pop_back();
+    const bool isStep = step(part, segments);
     if (!isStep) segments.push_back(urls::make_pct_string_view(part).value().decode());
     if (isStep && &part == &parts.back()) segments.emplace_back();
   }
@@ -72,8 +87,9 @@ std::optional<Segments> resolve(const urls::url_view& reference, Segments base) 
   } else {
     base.pop_back();
   }
-  follow(path.substr(isRooted ? 1 : 0), base);
-  return base;
+  Segments segments = folded(base);
+  follow(path.substr(isRooted ? 1 : 0), segments);
+  return segments;
 }
 
 String join(const Segments& segments) {

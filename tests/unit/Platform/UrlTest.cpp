@@ -161,7 +161,22 @@ TEST_F(UrlResolvingTest, TheCurrentDirectoryCompletesARelativeBase) {
   EXPECT_EQ(resolved("a", Url("dir/")), "/home/dir/a");
   EXPECT_EQ(resolved("a", Url("dir")), "/home/a");
   EXPECT_EQ(resolved("a", Url::directory("")), "/home/a");
-  EXPECT_EQ(resolved("../a", Url("../")), "/home/a");
+  EXPECT_EQ(resolved("../a", Url("./")), "/a");
+  EXPECT_EQ(resolved("../a", Url("../")), "/a");
+}
+
+TEST_F(UrlResolvingTest, StepsOfTheBaseAreTaken) {
+  const std::vector<std::vector<std::string_view>> cases = {{"a", "/base/./", "/base/a"},
+                                                            {"../a", "/base/dir/./", "/base/a"},
+                                                            {"../a", "/base/dir/x/../", "/base/a"},
+                                                            {"../../a", "/base/./dir/.", "/a"},
+                                                            {"a", "/base/dir/..", "/base/dir/a"},
+                                                            {"a", "/../base/", "/base/a"},
+                                                            {"../a", "/base/.../", "/base/a"},
+                                                            {"../a", "/base/%2E/", "/base/a"},
+                                                            {"/a", "/base/../", "/a"},
+                                                            {"", "/base/./x/../", "/base/./x/.."}};
+  for (const auto& row : cases) EXPECT_EQ(resolved(row[0], Url(String(row[1]))), row[2]) << row[0] << " " << row[1];
 }
 
 TEST_F(UrlResolvingTest, TheBaseIsAPathAndNoUrl) {
