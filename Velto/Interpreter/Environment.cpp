@@ -39,7 +39,7 @@ void Environment::assign(const Token& name, Value value) {
 void Environment::assign(const Token& name, Value value, const Local& local) {
   Bindings& names = ancestor(local.depth).values;
   names.set(name.lexeme, std::move(value));
-  local.place = names.placeOf(name.lexeme);
+  local.remember(names.placeOf(name.lexeme));
 }
 
 Value Environment::get(const Token& name) const {
@@ -53,7 +53,7 @@ Value Environment::get(const Token& name, const Local& local) const {
   if (!value) {
     fatalError(String::concatenation({"The scope of a resolved variable doesn't have '", name.lexeme, "'."}));
   }
-  local.place = names.placeOf(name.lexeme);
+  local.remember(names.placeOf(name.lexeme));
   return *value;
 }
 

@@ -71,7 +71,7 @@ class Environment final : public WeaklyCounted {
   /// The variable that `local` tells if it stands where it stood when it was last looked up; else null.
   [[gnu::always_inline]] const Value* findInPlace(const String& name, const Local& local) const noexcept {
     const Environment* scope = this;
-    for (Int depth = local.depth; depth > 0; --depth) scope = scope->enclosing_;
+    for (std::uint32_t links = local.links; links > 0; --links) scope = scope->enclosing_;
     return scope->values.findAt(local.place, name);
   }
   [[gnu::always_inline]] Value* findInPlace(const String& name, const Local& local) noexcept {

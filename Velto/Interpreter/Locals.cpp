@@ -9,7 +9,7 @@ void Locals::set(const Uuid& id, Int depth) {
   if (4 * (size_ + 1) > slots_.size()) grow();
   Slot& slot = slotOf(id);
   if (slot.id != id) ++size_;
-  slot = {id, {depth, depth < 0 ? Local::nowhere : 0}};
+  slot = {id, Local(depth)};
 }
 
 const Local* Locals::findBehind(const Uuid& id) const noexcept {

@@ -11,9 +11,21 @@ namespace [[gnu::visibility("default")]] velto {
 /// What is known of a resolved variable.
 struct Local {
   static constexpr std::uint32_t nowhere = UINT32_MAX;  ///< for what can't be found without the checks
+  static constexpr Int farthest = 100'000;              ///< that is worth going to without them
 
-  Int depth;                        ///< how many links lie between the current scope and that of the variable
-  mutable std::uint32_t place = 0;  ///< where among the names of its scope it was last found, which may have changed
+  explicit Local(Int depth) noexcept
+      : depth(depth), place(isNear() ? 0 : nowhere), links(isNear() ? static_cast<std::uint32_t>(depth) : 0) {}
+  /// `place` is where it was found, by going all the way.
+  void remember(std::uint32_t found) const noexcept {
+    if (isNear()) place = found;
+  }
+
+  Int depth;                    ///< how many links lie between the current scope and that of the variable
+  mutable std::uint32_t place;  ///< where among the names of its scope it was last found, which may have changed
+  std::uint32_t links;          ///< the same as `depth`, where that is near
+
+ private:
+  bool isNear() const noexcept { return depth >= 0 && depth <= farthest; }
 };
 
 /// A `Local` for each resolved expression, by its `id`. Each variable that is read asks here. Identities are random, so

@@ -858,6 +858,23 @@ TEST(IntegerConversion, TruncatesTowardZero) {
   EXPECT_EQ(integer32(-2147483648.5), -2147483648);
 }
 
+TEST_F(InterpreterTest, FindsAVariableAgainHoweverFarOutItLies) {
+  const Range range("t", 1, 1);
+  const Token name(TokenType::identifier, "a", range);
+  const Variable read{.range = range, .name = name};
+  interpreter.globals().define(name, "outermost");
+  for (Int depth = 0; depth <= Local::farthest; ++depth) interpreter.pushEnvironment();
+  // As many names as there are in front of the other one.
+  Environment& innermost = *interpreter.stack().back();
+  const std::uint32_t place = interpreter.globals().values.placeOf(name.lexeme);
+  for (std::uint32_t other = 0; other < place; ++other) innermost.define(decimal(other), Value());
+  innermost.define(name, "innermost");
+  interpreter.locals.set(read.id, Local::farthest + 1);
+  const Statement print = ExpressionBlock{.range = range, .expression = read};
+  interpreter.interpret({print, print});
+  EXPECT_EQ(host.output(), "outermostoutermost");
+}
+
 using InterpreterDeathTest = InterpreterTest;
 
 TEST_F(InterpreterDeathTest, StopsAtNumbersThatAreNoIntegers) {
@@ -882,6 +899,22 @@ TEST_F(InterpreterDeathTest, StopsAtANegativeDepth) {
   EXPECT_DEATH(interpreter.interpret({ExpressionStatement{read}}), "fatal: The depth of a variable can't be negative.");
   EXPECT_DEATH(interpreter.interpret({ExpressionStatement{write}}),
                "fatal: The depth of a variable can't be negative.");
+}
+
+TEST_F(InterpreterDeathTest, StopsAtADepthBeyondAllScopesHoweverLarge) {
+  const Range range("t", 1, 1);
+  const Token name(TokenType::identifier, "a", range);
+  interpreter.globals().define("a", 1);
+  const Variable read{.range = range, .name = name};
+  const Assignment write{.range = range, .name = name, .value = Literal{.range = range, .value = 2}};
+  for (const Int depth : {Int{1}, Int{100'000}, std::numeric_limits<Int>::max()}) {
+    interpreter.locals.set(read.id, depth);
+    interpreter.locals.set(write.id, depth);
+    EXPECT_DEATH(interpreter.interpret({ExpressionStatement{read}}),
+                 "fatal: The scope of a resolved variable has died.");
+    EXPECT_DEATH(interpreter.interpret({ExpressionStatement{write}}),
+                 "fatal: The scope of a resolved variable has died.");
+  }
 }
 
 TEST_F(InterpreterDeathTest, StopsAtALoopUpToTheLargestInteger) {
