@@ -45,7 +45,8 @@ class Array final : public Sequence {
   std::vector<Value> elements_;
 };
 
-/// An array of other host values. It has the members of an array, but no subscript, no loop and no equality.
+/// An array of other host values. It has the members of an array, but no subscript, no loop and no equality. As a
+/// `Value`, one that has nothing but values in it is an `Array`.
 class HostArray final : public Sequence {
  public:
   explicit HostArray(std::vector<HostValue> elements) noexcept : elements_(std::move(elements)) {}
@@ -61,6 +62,9 @@ class HostArray final : public Sequence {
  private:
   std::vector<HostValue> elements_;
 };
+
+/// These host values as an array, if all of them are a `Value`.
+std::optional<Array> arrayOfValues(const HostValue::Elements& elements);
 
 inline const Array* Value::array() const noexcept {
   return as<const Array>(Tag::array);

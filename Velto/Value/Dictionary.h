@@ -123,7 +123,7 @@ class Dictionary::Entries {
   std::size_t size_;
 };
 
-/// A dictionary of other host values.
+/// A dictionary of other host values. As a `Value`, one that has nothing but values in it is a `Dictionary`.
 class HostDictionary final : public Mapping {
  public:
   using Entry = std::pair<HostValue, HostValue>;
@@ -138,6 +138,9 @@ class HostDictionary final : public Mapping {
  private:
   std::vector<Entry> entries_;
 };
+
+/// These host values as a dictionary, if all keys and values are a `Value`. Of equal keys the last one counts.
+std::optional<Dictionary> dictionaryOfValues(const HostValue::Entries& entries);
 
 inline const Dictionary* Value::dictionary() const noexcept {
   return as<const Dictionary>(Tag::dictionary);

@@ -17,20 +17,13 @@ bool isValue(const HostValue& host) {
 }
 
 Value arrayFrom(const HostValue::Elements& elements) {
-  if (!std::all_of(elements.begin(), elements.end(), isValue)) return makeRef<const HostArray>(elements);
-  std::vector<Value> values;
-  values.reserve(elements.size());
-  for (const HostValue& element : elements) values.push_back(*element.as<Value>());
-  return Array(std::move(values));
+  if (std::optional<Array> values = arrayOfValues(elements)) return std::move(*values);
+  return makeRef<const HostArray>(elements);
 }
 
 Value dictionaryFrom(const HostValue::Entries& entries) {
-  const auto isOfValues = [](const auto& entry) { return isValue(entry.first) && isValue(entry.second); };
-  if (!std::all_of(entries.begin(), entries.end(), isOfValues)) return makeRef<const HostDictionary>(entries);
-  Dictionary result;
-  result.reserve(entries.size());
-  for (const auto& [key, value] : entries) result.set(*key.as<Value>(), *value.as<Value>());
-  return result;
+  if (std::optional<Dictionary> values = dictionaryOfValues(entries)) return std::move(*values);
+  return makeRef<const HostDictionary>(entries);
 }
 
 /// Is asked of what is neither an array nor a dictionary.
@@ -71,6 +64,23 @@ const HostValue::Elements* HostValue::elements() const noexcept {
 const HostValue::Entries* HostValue::entries() const noexcept {
   const SharedEntries* entries = as<SharedEntries>();
   return entries ? &(*entries)->contents : nullptr;
+}
+
+std::optional<Array> arrayOfValues(const HostValue::Elements& elements) {
+  if (!std::all_of(elements.begin(), elements.end(), isValue)) return std::nullopt;
+  std::vector<Value> values;
+  values.reserve(elements.size());
+  for (const HostValue& element : elements) values.push_back(*element.as<Value>());
+  return Array(std::move(values));
+}
+
+std::optional<Dictionary> dictionaryOfValues(const HostValue::Entries& entries) {
+  const auto isOfValues = [](const auto& entry) { return isValue(entry.first) && isValue(entry.second); };
+  if (!std::all_of(entries.begin(), entries.end(), isOfValues)) return std::nullopt;
+  Dictionary result;
+  result.reserve(entries.size());
+  for (const auto& [key, value] : entries) result.set(*key.as<Value>(), *value.as<Value>());
+  return result;
 }
 
 std::optional<Value> HostValue::asValue() const {

@@ -13,13 +13,20 @@ namespace velto {
 
 namespace {
 
-/// The same object as one of the kinds with a meaning of their own: an empty array or dictionary of whatever the host
-/// holds counts as one of values.
+/// The same object as one of the kinds with a meaning of their own: a host's array or dictionary that has nothing but
+/// values in it, as an empty one has, counts as one of values.
 Ref<const Object> normalized(Ref<const Object> object) {
-  const auto* sequence = dynamic_cast<const Sequence*>(object.get());
-  if (sequence && sequence->size() == 0) return makeRef<const Array>();
-  const auto* mapping = dynamic_cast<const Mapping*>(object.get());
-  if (mapping && mapping->size() == 0) return makeRef<const Dictionary>();
+  if (const auto* sequence = dynamic_cast<const Sequence*>(object.get())) {
+    if (sequence->size() == 0) return makeRef<const Array>();
+    const auto* host = dynamic_cast<const HostArray*>(sequence);
+    std::optional<Array> values = host ? arrayOfValues(host->elements()) : std::nullopt;
+    if (values) return makeRef<const Array>(std::move(*values));
+  } else if (const auto* mapping = dynamic_cast<const Mapping*>(object.get())) {
+    if (mapping->size() == 0) return makeRef<const Dictionary>();
+    const auto* host = dynamic_cast<const HostDictionary*>(mapping);
+    std::optional<Dictionary> values = host ? dictionaryOfValues(host->entries()) : std::nullopt;
+    if (values) return makeRef<const Dictionary>(std::move(*values));
+  }
   return object;
 }
 

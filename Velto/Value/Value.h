@@ -61,7 +61,8 @@ class Value {
   Value(Dictionary dictionary);
   Value(Ref<const CountableRange> range) noexcept;
   Value(Ref<const CountableClosedRange> range) noexcept;
-  /// Any object; one of the kinds above is recognised. It asks for memory if this is an empty container of the host's.
+  /// Any object; one of the kinds above is recognised. A container of the host's that has nothing but values in it, as
+  /// an empty one has, is copied into one of values.
   Value(Ref<const Object> object);
   Value(Ref<const Callable> callable) noexcept;
   template <KindOf<Object> T>

@@ -96,6 +96,20 @@ TEST(Value, AnEmptyArrayOrDictionaryOfTheHostCountsAsOneOfValues) {
   EXPECT_EQ(dictionary, Value(Dictionary()));
 }
 
+TEST(Value, AnArrayOrDictionaryOfTheHostWithNothingButValuesIsOneOfValues) {
+  const HostValue number = Value(1);
+  const HostValue text = Value("a");
+  const Value array = makeRef<HostArray>(std::vector<HostValue>{number, text});
+  const Value dictionary = makeRef<HostDictionary>(std::vector<HostDictionary::Entry>{{text, number}});
+  EXPECT_EQ(array, Value::arrayLiteral({1, "a"}));
+  EXPECT_EQ(dictionary, Value::dictionaryLiteral({{"a", 1}}));
+  EXPECT_TRUE(Value::verify(array));
+  EXPECT_TRUE(Value::verify(dictionary));
+  EXPECT_FALSE(Value(makeRef<HostArray>(std::vector<HostValue>{number, "a"})).array());
+  EXPECT_FALSE(Value(makeRef<HostDictionary>(std::vector<HostDictionary::Entry>{{text, 1}})).dictionary());
+  EXPECT_FALSE(Value(makeRef<HostDictionary>(std::vector<HostDictionary::Entry>{{"a", number}})).dictionary());
+}
+
 TEST(Value, AHostArrayIsAnObjectAndNoArrayOfValues) {
   const Value array = makeRef<HostArray>(std::vector<HostValue>{"a"});
   EXPECT_TRUE(array.isObject());
