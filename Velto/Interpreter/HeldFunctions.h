@@ -21,15 +21,22 @@ inline const Object* containerOf(const Value& value) noexcept {
   return array ? static_cast<const Object*>(array) : value.dictionary();
 }
 
-/// Whether a function may stand inside.
-inline bool mayHoldInside(const Value& value) noexcept {
-  return isContainer(value) && !isKnownToBePlain(value);
+/// What may hold a function without showing it, such as a member of an array, a native function or an object of the
+/// host's; null for any other value.
+inline const Counted* opaqueHolder(const Value& value) noexcept {
+  if (const Callable* const callable = value.callable()) {
+    return !callable->isDeclared() && callable->mayHoldFunctions() ? callable : nullptr;
+  }
+  if (!value.isObject() || value.string() || isContainer(value)) return nullptr;
+  const Object* const object = value.object();
+  return object->mayHoldFunctions() ? object : nullptr;
 }
 
 /// Goes through a value and all values inside, however deep. `Visitor` tells what for: `visit` gets each declared
 /// function, `enter` is asked at each array and dictionary that may hold one whether to go on inside, since what stands
-/// in many places is to be gone through once, and `hasKeys` tells whether keys are gone through, too. A container
-/// without any function is remembered as such, and not gone through again.
+/// in many places is to be gone through once, `meet` gets what doesn't show what it holds, with or without a container
+/// around it, and `hasKeys` tells whether keys are gone through, too. A container without any function is remembered as
+/// such, and not gone through again.
 template <typename Visitor>
 class FunctionWalk {
  public:
@@ -38,7 +45,9 @@ class FunctionWalk {
   void run(const Value& root) {
     take(root);
     while (const std::optional<const Value*> container = takeLast(waiting_)) takeParts(**container);
-    if (isPlain_) rememberAsPlain(root);
+    if (isContainer(root) && !mayHaveFunctions_) {
+      contentsOf(root).set(isOpaque_ ? ContentsMark::Kind::opaque : ContentsMark::Kind::plain);
+    }
   }
 
  private:
@@ -48,18 +57,37 @@ class FunctionWalk {
       return;
     }
     for (const auto& [key, value] : container.dictionary()->entries()) {
-      if (Visitor::hasKeys) take(key);
-      isPlain_ = isPlain_ && !declaredFunction(key) && !mayHoldInside(key);
+      takeKey(key);
       take(value);
+    }
+  }
+
+  void takeKey(const Value& key) {
+    if constexpr (Visitor::hasKeys) {
+      take(key);
+    } else {
+      mayHaveFunctions_ = mayHaveFunctions_ || isContainer(key) || declaredFunction(key) || opaqueHolder(key);
     }
   }
 
   void take(const Value& part) {
     if (const Function* const function = declaredFunction(part)) {
-      isPlain_ = false;
+      mayHaveFunctions_ = true;
       visitor_.visit(*function);
-    } else if (mayHoldInside(part)) {
-      enter(part);
+    } else if (isContainer(part)) {
+      takeContainer(part);
+    } else if (const Counted* const holder = opaqueHolder(part)) {
+      isOpaque_ = true;
+      visitor_.meet(*holder, part);
+    }
+  }
+
+  void takeContainer(const Value& container) {
+    const ContentsMark::Kind contents = contentsOf(container).get();
+    if (contents == ContentsMark::Kind::unknown) enter(container);
+    if (contents == ContentsMark::Kind::opaque) {
+      isOpaque_ = true;
+      visitor_.meet(*containerOf(container), container);
     }
   }
 
@@ -67,13 +95,14 @@ class FunctionWalk {
     if (visitor_.enter(container)) {
       waiting_.push_back(&container);
     } else {
-      isPlain_ = false;
+      mayHaveFunctions_ = true;
     }
   }
 
   Visitor& visitor_;
   std::vector<const Value*> waiting_;
-  bool isPlain_ = true;
+  bool mayHaveFunctions_ = false;
+  bool isOpaque_ = false;
 };
 
 }  // namespace velto

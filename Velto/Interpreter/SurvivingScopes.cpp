@@ -72,7 +72,8 @@ std::uint32_t SurvivingScopes::holdersHere(const Environment& scope) noexcept {
   return scope.isKept_ ? 2 : 1;
 }
 
-/// Keeps what the scopes that are let go of have held: by the count alone, it would be held for ever.
+/// Keeps what the scopes that are let go of have held: by the count alone, it would be held for ever. What doesn't show
+/// which functions it holds is kept itself.
 struct SurvivingScopes::Keeping {
   static constexpr bool hasKeys = true;
   SurvivingScopes& survivors;
@@ -83,6 +84,7 @@ struct SurvivingScopes::Keeping {
     if (closure && !closure->isGone_ && !closure->isKept_) survivors.keep(closure);
   }
   bool enter(const Value& container) { return entered.insert(containerOf(container)).second; }
+  void meet(const Counted& holder, const Value& value) { survivors.opaque_.try_emplace(&holder, value); }
 };
 
 /// Empties the scopes, which nobody else can reach. False where memory lacks: then they stay as they are.

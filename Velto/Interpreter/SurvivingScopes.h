@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 #include "Velto/Interpreter/Environment.h"
@@ -44,6 +45,7 @@ class SurvivingScopes {
   Ref<Environment> kept_;  // the first of a chain, of scopes that were held by some that were let go
   std::size_t keptCount_ = 0;
   std::size_t forgetAt_ = fewest;
+  std::unordered_map<const Counted*, Value> opaque_;  // what those held as well, and nobody can look into
 };
 
 }  // namespace velto

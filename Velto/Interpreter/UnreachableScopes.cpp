@@ -41,6 +41,7 @@ class ReachableScopes {
 
     void visit(const Function& function) { all.count(function); }
     bool enter(const Value& container) { return all.count(container); }
+    void meet(const Counted&, const Value&) noexcept {}  // what it holds is held from outside
   };
   struct Reaching {
     static constexpr bool hasKeys = true;
@@ -48,6 +49,7 @@ class ReachableScopes {
 
     void visit(const Function& function) { all.reach(function.closure().get()); }
     bool enter(const Value& container) { return all.reach(container); }
+    void meet(const Counted&, const Value&) noexcept {}
   };
 
   void countFrom(const Environment& scope) {

@@ -1,6 +1,8 @@
 // The member table of arrays.
 #include "Velto/Library/ArrayMembers.h"
 
+#include <algorithm>
+
 #include "Velto/Library/EqualsMember.h"
 #include "Velto/Library/Sorting.h"
 #include "Velto/Value/NativeFunctions.h"
@@ -85,6 +87,17 @@ std::optional<Value> Sequence::get(const String& name) const {
   if (member == "map") return makeRef<Map>(array());
   if (member == "sorted") return makeRef<Sort>(array());
   return std::nullopt;
+}
+
+/// What holds nothing inside is remembered as such, so that the array isn't looked through again.
+bool ArrayFunction::mayHoldFunctions() const noexcept {
+  const auto* const values = dynamic_cast<const Array*>(array.get());
+  if (!values) return true;
+  if (values->contents.get() != ContentsMark::Kind::unknown) return values->contents.get() != ContentsMark::Kind::plain;
+  const auto isPlain = [](const Value& element) { return !element.isHolder() || element.string(); };
+  if (!std::all_of(values->elements().begin(), values->elements().end(), isPlain)) return true;
+  values->contents.set(ContentsMark::Kind::plain);
+  return false;
 }
 
 Value Map::call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const {

@@ -13,6 +13,8 @@ class ArrayFunction : public Callable {
  public:
   String name() const final { return name_; }
   std::span<const Label> labels() const noexcept final { return labels_; }
+  /// Not if the array has nothing but texts and numbers.
+  bool mayHoldFunctions() const noexcept final;
 
   const Ref<const Sequence> array;
 

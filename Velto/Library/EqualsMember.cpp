@@ -6,7 +6,10 @@
 namespace velto {
 
 Value equalsMember(const String& name) {
-  return makeRef<Function2>(name, [](const Value& left, const Value& right) { return Value(left == right); });
+  const auto equals =
+      makeRef<Function2>(name, [](const Value& left, const Value& right) { return Value(left == right); });
+  equals->setHoldsNoFunctions();
+  return equals;
 }
 
 }  // namespace velto

@@ -14,11 +14,6 @@ String braced(const String& first, const String& second) {
   return String::concatenation({"{", first, ", ", second, "}"});
 }
 
-template <typename T>
-std::shared_ptr<const T> copyOf(const T& record) {
-  return std::make_shared<const T>(record);
-}
-
 CGPoint centerOf(const CGRect& rect) {
   return {rect.origin.x + rect.size.width * 0.5, rect.origin.y + rect.size.height * 0.5};
 }
@@ -26,7 +21,8 @@ CGPoint centerOf(const CGRect& rect) {
 /// A rectangle has members besides its fields.
 class RectObject final : public HostObject<CGRect> {
  public:
-  using HostObject::HostObject;
+  RectObject(const CGRect& rect, const Properties<CGRect>* properties)
+      : HostObject(std::make_shared<const CGRect>(rect), properties) {}
 
   std::optional<Value> get(const String& name) const override {
     if (std::optional<Value> field = getFromMirror(name)) return field;
@@ -36,6 +32,7 @@ class RectObject final : public HostObject<CGRect> {
     if (member == "height") return Value(std::abs(record().size.height));
     return std::nullopt;
   }
+  bool mayHoldFunctions() const noexcept override { return false; }
 };
 
 }  // namespace
@@ -54,17 +51,17 @@ String CGRect::description() const {
 
 Ref<const Object> asObject(const CGPoint& point) {
   static const Properties<CGPoint> fields = {{"x", &CGPoint::x}, {"y", &CGPoint::y}};
-  return makeRef<HostObject<CGPoint>>(copyOf(point), &fields);
+  return makeRef<CopiedRecord<CGPoint>>(point, &fields);
 }
 
 Ref<const Object> asObject(const CGSize& size) {
   static const Properties<CGSize> fields = {{"width", &CGSize::width}, {"height", &CGSize::height}};
-  return makeRef<HostObject<CGSize>>(copyOf(size), &fields);
+  return makeRef<CopiedRecord<CGSize>>(size, &fields);
 }
 
 Ref<const Object> asObject(const CGRect& rect) {
   static const Properties<CGRect> fields = {{"origin", &CGRect::origin}, {"size", &CGRect::size}};
-  return makeRef<RectObject>(copyOf(rect), &fields);
+  return makeRef<RectObject>(rect, &fields);
 }
 
 }  // namespace velto

@@ -1,6 +1,7 @@
 // The member table of strings.
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "Velto/Library/EqualsMember.h"
 #include "Velto/Library/StringForms.h"
@@ -19,9 +20,17 @@ struct Member {
   Value (*make)(const String& name, const String& text);
 };
 
+/// A function that holds nothing but the text.
+template <typename Function, typename Closure>
+Value makeMember(const String& name, Closure closure) {
+  const auto member = makeRef<Function>(name, std::move(closure));
+  member->setHoldsNoFunctions();
+  return member;
+}
+
 template <StringForm form>
 Value makeForm(const String& name, const String& text) {
-  return makeRef<Function0>(name, [text] { return Value(form(text)); });
+  return makeMember<Function0>(name, [text] { return Value(form(text)); });
 }
 
 template <StringForm form>
@@ -32,7 +41,7 @@ constexpr Member formMember(std::string_view name) {
 /// Any value may be looked for: its description is.
 template <bool (*test)(const String& text, const String& part)>
 Value makeTest(const String& name, const String& text) {
-  return makeRef<Function1>(name, [text](const Value& part) { return Value(test(text, part.description())); });
+  return makeMember<Function1>(name, [text](const Value& part) { return Value(test(text, part.description())); });
 }
 
 Value makeEquals(const String& name, const String&) {

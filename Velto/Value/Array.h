@@ -3,9 +3,9 @@
 
 #include <vector>
 
+#include "Velto/Value/ContentsMark.h"
 #include "Velto/Value/HostValue.h"
 #include "Velto/Value/Object.h"
-#include "Velto/Value/PlainMark.h"
 #include "Velto/Value/Value.h"
 
 namespace [[gnu::visibility("default")]] velto {
@@ -39,7 +39,7 @@ class Array final : public Sequence {
   String printed(std::size_t index) const override { return elements_[index].description(); }
   String objectDescription() const override;
 
-  PlainMark plainMark;
+  ContentsMark contents;
 
  private:
   std::vector<Value> elements_;

@@ -66,6 +66,9 @@ class Callable : public Counted {
   virtual std::span<const Label> labels() const noexcept = 0;
   virtual Value call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const = 0;
 
+  /// Whether a function that a program has declared may stand in it, as for an `Object`.
+  virtual bool mayHoldFunctions() const noexcept { return true; }
+
   /// Whether a program has declared it: then it is a `Function`.
   bool isDeclared() const noexcept { return isDeclared_; }
   Int arity() const noexcept { return static_cast<Int>(labels().size()); }

@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "Velto/Value/ContentsMark.h"
 #include "Velto/Value/HostValue.h"
 #include "Velto/Value/Object.h"
-#include "Velto/Value/PlainMark.h"
 #include "Velto/Value/Value.h"
 
 namespace velto {
@@ -70,7 +70,7 @@ class Dictionary final : public Mapping {
   std::size_t size() const noexcept override { return values_.size(); }
   String objectDescription() const override;
 
-  PlainMark plainMark;
+  ContentsMark contents;
 
  private:
   DictionaryKeys& ownKeys();

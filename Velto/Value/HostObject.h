@@ -121,10 +121,21 @@ class HostObject : public Object {
   const Properties<T>* properties_;
 };
 
+/// An object over a copy of a record, by a table of properties that nothing stands in. If it is a record of numbers, no
+/// function does.
+template <typename T>
+class CopiedRecord final : public HostObject<T> {
+ public:
+  CopiedRecord(const T& record, const Properties<T>* properties)
+      : HostObject<T>(std::make_shared<const T>(record), properties) {}
+
+  bool mayHoldFunctions() const noexcept override { return !std::is_trivially_destructible_v<T>; }
+};
+
 /// A described record as an object, copied.
 template <Described T>
 Ref<const Object> object(const T& record) {
-  return makeRef<HostObject<T>>(std::make_shared<const T>(record), &describedProperties<T>());
+  return makeRef<CopiedRecord<T>>(record, &describedProperties<T>());
 }
 
 /// A described record as an object that shares it with the host and shows its current state.

@@ -17,6 +17,7 @@ class CountableRange final : public Object {
   std::optional<Value> get(const String& name) const override;
   String objectDescription() const override;
   String typeName() const override { return "CountableRange"; }
+  bool mayHoldFunctions() const noexcept override { return false; }
 };
 
 /// `lower...upper`. An upper bound below the lower one is a fatal stop.
@@ -30,6 +31,7 @@ class CountableClosedRange final : public Object {
   std::optional<Value> get(const String& name) const override;
   String objectDescription() const override;
   String typeName() const override { return "CountableClosedRange"; }
+  bool mayHoldFunctions() const noexcept override { return false; }
 };
 
 inline const CountableRange* Value::openRange() const noexcept {

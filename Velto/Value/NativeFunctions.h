@@ -28,6 +28,9 @@ class NativeFunction final : public Callable {
   std::span<const Label> labels() const noexcept override { return labels_; }
   void setLabels(std::array<Label, count> labels) { labels_ = std::move(labels); }
   const Closure& closure() const noexcept { return closure_; }
+  bool mayHoldFunctions() const noexcept override { return mayHoldFunctions_; }
+  /// For a closure that holds none, before anybody else sees it.
+  void setHoldsNoFunctions() noexcept { mayHoldFunctions_ = false; }
 
   /// Arguments behind the last parameter are ignored.
   Value call(Interpreter&, Arguments arguments, const ReportError&) const override {
@@ -41,6 +44,7 @@ class NativeFunction final : public Callable {
   String name_;
   std::array<Label, count> labels_;
   Closure closure_;
+  bool mayHoldFunctions_ = true;
 };
 
 using Function0 = NativeFunction<0>;

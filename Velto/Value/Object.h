@@ -22,11 +22,17 @@ class Object : public Counted {
   /// The unqualified name of the object's own type, without template arguments: what `is` compares with.
   virtual String typeName() const;
 
+  /// Whether a function that a program has declared may stand in it: in a `Value` that it holds, or in what that holds.
+  /// Such an object lives for as long as the interpreter if a scope has held it that its own functions keep. The answer
+  /// is remembered, and mustn't change.
+  virtual bool mayHoldFunctions() const noexcept { return true; }
+
   /// The stored property `name`, if it is an object, a boolean, an `Int` or a `double`; nothing for all else, a
   /// `float`, a `Value` and a callable included.
   std::optional<Value> getFromMirror(const String& name) const;
 
-  /// A value that holds this very object, which must be behind a `Ref` already: otherwise it is a fatal stop.
+  /// A value that holds this very object, but for what `Value` copies; it must be behind a `Ref` already: otherwise it
+  /// is a fatal stop.
   Value asValue() const;
 
  protected:

@@ -15,15 +15,10 @@ inline bool isContainer(const Value& value) {
   return value.array() || value.dictionary();
 }
 
-/// Whether no function can stand inside the container, as far as is known without a look.
-inline bool isKnownToBePlain(const Value& container) {
+/// The mark of the array or dictionary that the value is, which it must be.
+inline const ContentsMark& contentsOf(const Value& container) {
   const Array* const array = container.array();
-  return array ? array->plainMark.isSet() : container.dictionary()->plainMark.isSet();
-}
-
-inline void rememberAsPlain(const Value& value) {
-  if (const Array* array = value.array()) array->plainMark.set();
-  if (const Dictionary* dictionary = value.dictionary()) dictionary->plainMark.set();
+  return array ? array->contents : container.dictionary()->contents;
 }
 
 template <typename T>

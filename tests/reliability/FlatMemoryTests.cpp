@@ -71,17 +71,18 @@ TEST_P(FlatMemory, StaysWhereItWas) {
 
 INSTANTIATE_TEST_SUITE_P(
     Of, FlatMemory,
-    testing::Values(Kind{"Blocks", "if true var a = i while true var b = a break end end"},
-                    Kind{"Calls", "twice(twice(i))"}, Kind{"Functions", "func inner(_ x) return x + i end inner(1)"},
-                    Kind{"Closures",
-                         "func make() var n = i func get() return n end return get end var got = make() got()"},
-                    Kind{"StoredFunctions",
-                         "func inner() return i end var held = [inner, [\"k\": [inner]]] var both = [held, held]"},
-                    Kind{"Recursion", "func count(_ n) if n > 0 return count(n - 1) end return 0 end count(3)"},
-                    Kind{"Texts", R"v(var text = "\(i)é\(i)" text = "\(text)\(text)" text.uppercased().snakeCased())v"},
-                    Kind{"Collections", "var values = [i, [\"a\": i, \"b\": [i]]] values[1][\"b\"] == [i]"},
-                    Kind{"Callbacks", "list.map(twice).sorted(by: less)"}, Kind{"Includes", "include \"piece.txt\""},
-                    Kind{"Processes", "process(\"piece.txt\", into: \"/out\")"}),
+    testing::Values(
+        Kind{"Blocks", "if true var a = i while true var b = a break end end"}, Kind{"Calls", "twice(twice(i))"},
+        Kind{"Functions", "func inner(_ x) return x + i end inner(1)"},
+        Kind{"Closures", "func make() var n = i func get() return n end return get end var got = make() got()"},
+        Kind{"StoredFunctions",
+             "func inner() return i end var held = [inner, [\"k\": [inner]]] var both = [held, held]"},
+        Kind{"StoredMembers", R"v(func inner() return i end var found = "text \(i)".contains var each = [i, 2].map)v"},
+        Kind{"Recursion", "func count(_ n) if n > 0 return count(n - 1) end return 0 end count(3)"},
+        Kind{"Texts", R"v(var text = "\(i)é\(i)" text = "\(text)\(text)" text.uppercased().snakeCased())v"},
+        Kind{"Collections", "var values = [i, [\"a\": i, \"b\": [i]]] values[1][\"b\"] == [i]"},
+        Kind{"Callbacks", "list.map(twice).sorted(by: less)"}, Kind{"Includes", "include \"piece.txt\""},
+        Kind{"Processes", "process(\"piece.txt\", into: \"/out\")"}),
     [](const auto& info) { return info.param.name; });
 
 }  // namespace

@@ -16,13 +16,23 @@ struct Witness final : Object {
   explicit Witness(Int& living) : living(living) { ++living; }
   ~Witness() override { --living; }
   String objectDescription() const override { return "witness"; }
+  bool mayHoldFunctions() const noexcept override { return false; }
   Int& living;
+};
+
+/// Holds a value and doesn't show it.
+struct Safe final : Object {
+  explicit Safe(Value value) : value(std::move(value)) {}
+  std::optional<Value> get(const String&) const override { return std::nullopt; }
+  String objectDescription() const override { return "safe"; }
+  Value value;
 };
 
 class ScopeLifetimeTest : public testing::Test {
  protected:
   /// Runs a program that can call `witness()`, and gives how many witnesses live at its end, told by `living()`. What
-  /// `keyed(x)` gives has a key that the language itself doesn't take: `x`.
+  /// `keyed(x)` gives has a key that the language itself doesn't take: `x`. `safe(x)` is an object that holds `x`, and
+  /// `wrapped(x)` a native function.
   std::string run(const std::string& program) {
     struct Witnessing final : Library {
       explicit Witnessing(Int& living) : living(living) {}
@@ -34,6 +44,11 @@ class ScopeLifetimeTest : public testing::Test {
                                        Dictionary dictionary;
                                        dictionary.set(key, 1);
                                        return dictionary;
+                                     }));
+        interpreter.globals().define(
+            "safe", makeRef<Function1>("safe", [](const Value& value) { return Value(makeRef<Safe>(value)); }));
+        interpreter.globals().define("wrapped", makeRef<Function1>("wrapped", [](const Value& value) -> Value {
+                                       return makeRef<Function0>("wrapping", [value] { return value; });
                                      }));
         interpreter.globals().define("living", makeRef<Function0>("living", [&count] { return Value(count); }));
       }
@@ -153,6 +168,45 @@ TEST_F(ScopeLifetimeTest, KeepsForGoodWhatUnreachableScopesHeld) {
                 "for i in 0..<1000 func f() end var g = nil func make() var n = 0 func get() return n end return get "
                 "end g = make() end print(living())"),
             "witness0");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsForGoodWhatDoesNotShowTheFunctionsThatItHolds) {
+  // The scope of `hide` holds itself by `own`, and by way of `held` the scope around `get`.
+  const std::string makeAndHide =
+      "var get = nil var out = nil func make() var w = witness() func f() return w end "
+      "if true func inner() return w end get = inner end out = HOLDER f = nil end "
+      "func hide() var held = out out = nil func own() return 1 end end make() hide() ";
+  for (const char* holder :
+       {"f", "[f]", "[f].map", "[f].filter", "[f].sorted", "[f].joined", "[f].contains", "[[f].map]", "[[1, f].map, f]",
+        "[\"a\": [[f].map]]", "safe(f)", "[safe([f])]", "wrapped(f)", "[[\"a\": wrapped(f)]]", "keyed(safe(f))",
+        "keyed([f].map)", "keyed([wrapped(f)])"}) {
+    std::string program = makeAndHide;
+    program.replace(program.find("HOLDER"), 6, holder);
+    host.processor.libraries = {};
+    EXPECT_EQ(run(program + "print(get()) for i in 0..<1000 func f() end var other = [f] end print(get())"),
+              "witnesswitness")
+        << holder;
+    EXPECT_EQ(living, 0) << holder;
+    host.files->files["<1>"] = "";
+  }
+}
+
+TEST_F(ScopeLifetimeTest, KeepsAContainerThatIsKnownToHoldWhatDoesNotShowItsFunctions) {
+  // The sweep in the first loop gets to know the array, before the scope is let go of that holds it.
+  for (const char* held : {"see()", "[see()]"}) {
+    host.processor.libraries = {};
+    EXPECT_EQ(run(std::string("var get = nil var see = nil "
+                              "func hold(_ x) func seeing() return x end return seeing end "
+                              "func make() var w = witness() func f() return w end "
+                              "if true func inner() return w end get = inner end "
+                              "var x = [safe(f)] f = nil see = hold(x) x = nil end make() "
+                              "for i in 0..<300 func g() end var other = [g] end "
+                              "func hide(_ x) func own() return 1 end end hide(") +
+                  held + ") see = nil for i in 0..<300 func g() end var other = [g] end print(get())"),
+              "witness")
+        << held;
+    host.files->files["<1>"] = "";
+  }
 }
 
 TEST_F(ScopeLifetimeTest, LeavesNothingBehind) {

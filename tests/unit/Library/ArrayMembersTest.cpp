@@ -57,6 +57,26 @@ class Failing final : public Callable {
   Labels labels_;
 };
 
+TEST(ArrayMembers, MayHoldFunctionsUnlessNothingButTextsAndNumbersIsInTheArray) {
+  const auto mayHoldFunctions = [](const Value& array, const char* member) {
+    return array.get(member)->callable()->mayHoldFunctions();
+  };
+  for (const char* member : {"map", "filter", "sorted", "joined"}) {
+    const Value plain = Value::arrayLiteral({1, "a", true, Value::nil()});
+    EXPECT_FALSE(mayHoldFunctions(plain, member));
+    EXPECT_FALSE(mayHoldFunctions(plain, member));
+    EXPECT_FALSE(mayHoldFunctions(Array(), member));
+    EXPECT_TRUE(mayHoldFunctions(Value::arrayLiteral({1, plain}), member));
+    EXPECT_TRUE(mayHoldFunctions(Value::arrayLiteral({1, always(1)}), member));
+    EXPECT_TRUE(mayHoldFunctions(hostTexts(), member));
+  }
+  const Value known = Value::arrayLiteral({numbers()});
+  known.array()->contents.set(ContentsMark::Kind::plain);
+  EXPECT_FALSE(mayHoldFunctions(known, "map"));
+  known.array()->contents.set(ContentsMark::Kind::opaque);
+  EXPECT_TRUE(mayHoldFunctions(known, "map"));
+}
+
 TEST(ArrayMembers, PlainMembersNeedNoCall) {
   EXPECT_EQ(Value(Array()).get("count"), Value(0));
   EXPECT_EQ(Value(Array()).get("isEmpty"), Value(true));

@@ -20,6 +20,12 @@ Value rect() {
   return asObject(CGRect{{1, 2}, {-10, 20.5}});
 }
 
+TEST(Geometry, HoldsNoFunctions) {
+  for (const Value& value : {point(), size(), rect()}) {
+    EXPECT_FALSE(value.object()->mayHoldFunctions()) << value.description();
+  }
+}
+
 TEST(Geometry, PointsAndSizesHaveTheirFieldsAndNoOtherMembers) {
   EXPECT_EQ(point().get("x"), Value(1));
   EXPECT_EQ(point().get("y"), Value(0.5));

@@ -25,6 +25,7 @@ TEST(StringMembers, EachIsAFunctionOfItsNameWithoutLabels) {
     ASSERT_TRUE(member && member->callable()) << row.name;
     EXPECT_EQ(member->callable()->name(), String(row.name));
     EXPECT_EQ(member->callable()->arity(), row.arity) << row.name;
+    EXPECT_FALSE(member->callable()->mayHoldFunctions()) << row.name;
     for (const Label& label : member->callable()->labels()) EXPECT_FALSE(label);
   }
 }

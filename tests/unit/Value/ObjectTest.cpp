@@ -143,6 +143,20 @@ TEST(HostObject, ASharedRecordShowsItsCurrentState) {
   EXPECT_EQ(value.get("age"), Value(42));
 }
 
+struct Size {
+  int width;
+  double height;
+};
+
+BOOST_DESCRIBE_STRUCT(Size, (), (width, height))
+
+TEST(HostObject, OnlyOfARecordOfNumbersIsKnownThatItHoldsNoFunctions) {
+  EXPECT_FALSE(object(Size{1, 2})->mayHoldFunctions());
+  EXPECT_TRUE(object(Size{1, 2}, {{"width", &Size::width}})->mayHoldFunctions());
+  EXPECT_TRUE(object(shop::Person{"Ann", 41})->mayHoldFunctions());
+  EXPECT_TRUE(object(std::make_shared<Size>(Size{1, 2}))->mayHoldFunctions());  // it may be a part of something larger
+}
+
 /// Has one property, and a member of its own that forwards all other names.
 class Counter : public Object {
  public:
@@ -195,6 +209,7 @@ TEST(Object, AsValueHoldsTheVeryObject) {
   EXPECT_EQ(plain->asValue().object(), plain.get());
   EXPECT_EQ(plain->asValue().description(), String("plain"));
   EXPECT_EQ(plain->typeName(), String("Plain"));
+  EXPECT_TRUE(plain->mayHoldFunctions());
 }
 
 TEST(ObjectDeathTest, AsValueStopsWhereNoReferenceHoldsTheObject) {
