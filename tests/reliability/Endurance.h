@@ -33,7 +33,7 @@ class Share {
 inline int inAnotherProcess(const std::function<int()>& work) {
   std::fflush(stdout);
   const pid_t child = ::fork();
-  if (child == 0) ::_exit(work());
+  if (child == 0) std::quick_exit(work());
   int status = -1;
   ::waitpid(child, &status, 0);
   return status;

@@ -64,6 +64,8 @@ class Example {
     processor.process("generate.velto");
   }
 
+  /// Makes its folder the current one, where whatever goes astray would be seen.
+  void enter() const { std::filesystem::current_path(folder_); }
   void clear() const { std::filesystem::remove_all(output()); }
   Files written() const { return std::filesystem::exists(output()) ? filesIn(output()) : Files(); }
   const Files& expected() const { return expected_; }
@@ -125,6 +127,7 @@ TEST(Killed, LeavesTheStartOfEachFileAndNothingElse) {
   const Example example;
   const auto quietly = [&] {
     (void)!::freopen("/dev/null", "w", stdout);
+    example.enter();
     example.run();
     return 0;
   };

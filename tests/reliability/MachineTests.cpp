@@ -67,17 +67,33 @@ TEST_F(MachineTest, ACopyOfWhatCannotBeReadIsAFailure) {
 TEST_F(MachineTest, WithoutDescriptorsNothingIsOpenedAndTheRunGoesOn) {
   if (isSanitized) GTEST_SKIP() << "The sanitizer needs descriptors of its own.";
   write("small", "small");
-  write("again", R"v(process("small", into: "\(folder)/out"))v");
-  const auto isRight = [](const std::vector<std::string>& messages) {
-    return messages == std::vector<std::string>{"Cannot execute 'again': Too many open files"};
+  write("one.json", "[1]");
+  write("execute", "execute(\"again\")");
+  write("include", "include \"small\"");
+  write("process", R"v(process("known", into: "\(folder)/out"))v");
+  write("known", "known");
+  const std::string path = (folder / "out").string();
+  const auto isRight = [&](const std::vector<std::string>& messages) {
+    return messages == std::vector<std::string>{"Cannot execute 'again': Too many open files",
+                                                "Cannot include 'small': Too many open files.",
+                                                "`process` cannot open '" + path + "' for writing.", "No: nil false"};
   };
-  // The program itself is read before the limit is reached.
-  globals["limit"] = makeRef<Function0>("limit", []() -> Value {
+  // The program and its parts are read before the limit is reached.
+  bool isLimited = false;
+  globals["fail"] = makeRef<FailingFunction>();
+  globals["isLimited"] = makeRef<Function0>("isLimited", [&]() -> Value { return isLimited; });
+  globals["limit"] = makeRef<Function0>("limit", [&]() -> Value {
     limitDescriptors(0);
+    isLimited = true;
     return nullptr;
   });
+  for (const char* part : {"execute", "include", "process"}) write(part, "if isLimited() " + read(part) + " end");
   expectInAnotherProcess(
-      "limit() execute(\"again\")", [] {}, isRight);
+      R"v(process("known", into: "\(folder)/known-out") func all() for part in ["execute", "include", "process"] )v"
+      R"v(execute(part) end end all() limit() all() var json = loadJSON("one.json") )v"
+      R"v(var copied = copy(from: "small", to: "\(folder)/copied") fail("No: \(json) \(copied)"))v",
+      [] {}, isRight);
+  EXPECT_EQ(read("known-out"), "known");
 }
 
 TEST_F(MachineTest, ManyFilesTakeNoMoreThanThreeDescriptorsAtOnce) {
@@ -123,6 +139,11 @@ TEST_F(MachineTest, RightsAreReported) {
   std::filesystem::create_directory(folder / "closed");
   write("closed/file", "secret");
   write("open", "open");
+  std::filesystem::create_directories(folder / "withFile");
+  std::filesystem::create_directories(folder / "withFolder/closed");
+  write("withFile/closed", "secret");
+  std::filesystem::permissions(folder / "withFile/closed", std::filesystem::perms::none);
+  std::filesystem::permissions(folder / "withFolder/closed", std::filesystem::perms::none);
   write("a.velto", "process(\"closed/file\", into: \"-\")");
   write("b.velto", R"v(process("open", into: "\(folder)/closed/new"))v");
   write("c.velto", "include \"closed/file\"");
@@ -139,15 +160,18 @@ TEST_F(MachineTest, RightsAreReported) {
     return messages == std::vector<std::string>{"Cannot process 'closed/file': Permission denied",
                                                 "`process` cannot open '" + path + "' for writing.",
                                                 "Cannot include 'closed/file': Permission denied.",
-                                                "No: nil false false"};
+                                                "No: nil false false false false"};
   };
   globals["fail"] = makeRef<FailingFunction>();
   expectInAnotherProcess(R"v(for part in ["a", "b", "c"] execute("\(part).velto") end )v"
                          "var json = loadJSON(\"closed/file\") "
                          R"v(var copied = copy(from: "closed/file", to: "\(folder)/copied") )v"
                          R"v(var made = mkdir("\(folder)/closed/inner") )v"
-                         R"v(fail("No: \(json) \(copied) \(made)"))v",
+                         R"v(var file = copy(from: "withFile", to: "\(folder)/fileCopied") )v"
+                         R"v(var inner = copy(from: "withFolder", to: "\(folder)/folderCopied") )v"
+                         R"v(fail("No: \(json) \(copied) \(made) \(file) \(inner)"))v",
                          becomeNobody, isRight);
+  std::filesystem::permissions(folder / "withFolder/closed", std::filesystem::perms::all);
   std::filesystem::permissions(folder / "closed", std::filesystem::perms::all);
 }
 

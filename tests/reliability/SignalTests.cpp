@@ -61,12 +61,14 @@ std::thread undisturbed(std::function<void()> work) {
 TEST_F(MachineTest, SignalsDoNotShowInWhatIsRead) {
   ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
   std::thread writer = undisturbed([this] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));  // opening the pipe is waited for
     std::ofstream pipe(folder / "pipe");
     for (int piece = 0; piece < 40; ++piece) {
       std::this_thread::sleep_for(std::chrono::milliseconds(2));
       pipe << large.substr(0, 10) << std::flush;
     }
   });
+  openedByTheTest = 1;
   {
     const Interruptions interruptions;
     EXPECT_THAT(messages(R"v(process("pipe", into: "\(folder)/out"))v"), IsEmpty());
@@ -87,6 +89,7 @@ TEST_F(MachineTest, SignalsDoNotShowInWhatIsWritten) {
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
   });
+  openedByTheTest = 1;
   {
     const Interruptions interruptions;
     EXPECT_THAT(messages(R"v(process("large", into: "\(folder)/pipe"))v"), IsEmpty());
