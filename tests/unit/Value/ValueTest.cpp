@@ -83,8 +83,16 @@ TEST(Value, ObjectsOfAKnownKindAreRecognised) {
   const auto asObject = [](auto ref) { return Value(Ref<const Object>(std::move(ref))); };
   EXPECT_TRUE(asObject(makeRef<Array>()).array());
   EXPECT_TRUE(asObject(makeRef<Dictionary>()).dictionary());
+  EXPECT_EQ(asObject(makeRef<Array>(std::vector<Value>{1, "a"})), Value::arrayLiteral({1, "a"}));
+  EXPECT_EQ(asObject(Ref<const Object>(Value::dictionaryLiteral({{"a", 1}}).dictionary())),
+            Value::dictionaryLiteral({{"a", 1}}));
   EXPECT_TRUE(asObject(makeRef<CountableRange>(0, 1)).openRange());
   EXPECT_TRUE(asObject(makeRef<CountableClosedRange>(0, 1)).closedRange());
+}
+
+TEST(Value, RangesHoldNoFunctions) {
+  EXPECT_FALSE(Value(makeRef<CountableRange>(0, 1)).object()->mayHoldFunctions());
+  EXPECT_FALSE(Value(makeRef<CountableClosedRange>(0, 1)).object()->mayHoldFunctions());
 }
 
 TEST(Value, AnEmptyArrayOrDictionaryOfTheHostCountsAsOneOfValues) {
