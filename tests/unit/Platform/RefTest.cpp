@@ -118,14 +118,22 @@ TEST(WeakRef, ReadsAsNullOnceTheLastHolderHasGone) {
   auto strong = makeRef<Observed>(cleared, destroyed);
   WeakRef<Observed> weak(strong.get());
   EXPECT_EQ(weak.get(), strong.get());
+  const Observed& observed = *strong;
+  EXPECT_EQ(observed.observerCount(), 1u);
 
   strong = nullptr;
+  EXPECT_EQ(observed.observerCount(), 1u);
   EXPECT_EQ(weak.get(), nullptr);
   EXPECT_EQ(cleared, 1);
   EXPECT_EQ(destroyed, 0) << "the memory waits for the last observer";
 
   weak = WeakRef<Observed>();
   EXPECT_EQ(destroyed, 1);
+}
+
+TEST(WeakRef, MayLookAtNothing) {
+  Observed* const nothing = nullptr;
+  EXPECT_EQ(WeakRef<Observed>(nothing).get(), nullptr);
 }
 
 TEST(WeakRef, KeepsNothingAlive) {

@@ -30,6 +30,11 @@ std::string bytes(std::string_view text) {
   return result;
 }
 
+TEST(String, OfNullIsEmpty) {
+  const char* const null = nullptr;
+  EXPECT_TRUE(String(null).isEmpty());
+}
+
 TEST(String, MayBeEmpty) {
   EXPECT_TRUE(String().isEmpty());
   EXPECT_TRUE(String().isASCII());
