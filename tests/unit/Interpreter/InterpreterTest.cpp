@@ -888,32 +888,22 @@ TEST_F(InterpreterDeathTest, StopsWhenTheGlobalsArePopped) {
   EXPECT_DEATH(interpreter.popEnvironment(), "fatal: The outermost scope can't be popped.");
 }
 
-TEST_F(InterpreterDeathTest, StopsAtANegativeDepth) {
+TEST_F(InterpreterDeathTest, StopsAtADepthThatNoScopeHas) {
   const Range range("t", 1, 1);
   const Token name(TokenType::identifier, "a", range);
   interpreter.globals().define("a", 1);
   const Variable read{.range = range, .name = name};
   const Assignment write{.range = range, .name = name, .value = Literal{.range = range, .value = 2}};
-  interpreter.locals.set(read.id, -1);
-  interpreter.locals.set(write.id, -1);
-  EXPECT_DEATH(interpreter.interpret({ExpressionStatement{read}}), "fatal: The depth of a variable can't be negative.");
-  EXPECT_DEATH(interpreter.interpret({ExpressionStatement{write}}),
-               "fatal: The depth of a variable can't be negative.");
-}
-
-TEST_F(InterpreterDeathTest, StopsAtADepthBeyondAllScopesHoweverLarge) {
-  const Range range("t", 1, 1);
-  const Token name(TokenType::identifier, "a", range);
-  interpreter.globals().define("a", 1);
-  const Variable read{.range = range, .name = name};
-  const Assignment write{.range = range, .name = name, .value = Literal{.range = range, .value = 2}};
-  for (const Int depth : {Int{1}, Int{100'000}, std::numeric_limits<Int>::max()}) {
+  const std::pair<Int, const char*> rows[] = {
+      {-1, "fatal: The depth of a variable can't be negative."},
+      {1, "fatal: The scope of a resolved variable has died."},
+      {100'000, "fatal: The scope of a resolved variable has died."},
+      {std::numeric_limits<Int>::max(), "fatal: The scope of a resolved variable has died."}};
+  for (const auto& [depth, message] : rows) {
     interpreter.locals.set(read.id, depth);
     interpreter.locals.set(write.id, depth);
-    EXPECT_DEATH(interpreter.interpret({ExpressionStatement{read}}),
-                 "fatal: The scope of a resolved variable has died.");
-    EXPECT_DEATH(interpreter.interpret({ExpressionStatement{write}}),
-                 "fatal: The scope of a resolved variable has died.");
+    EXPECT_DEATH(interpreter.interpret({ExpressionStatement{read}}), message);
+    EXPECT_DEATH(interpreter.interpret({ExpressionStatement{write}}), message);
   }
 }
 
