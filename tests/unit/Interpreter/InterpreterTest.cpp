@@ -488,6 +488,16 @@ TEST_F(InterpreterTest, PushesAndPopsScopes) {
   EXPECT_EQ(interpreter.stack().size(), 1u);
 }
 
+TEST_F(InterpreterTest, UsesAScopeThatAHostHasHeldForNothingElse) {
+  Ref<Environment> held(&interpreter.pushEnvironment());
+  interpreter.popEnvironment();
+  const auto inner = makeRef<Environment>(held.get(), host.logger);
+  interpreter.pushEnvironment(std::move(held));
+  EXPECT_NE(inner->enclosing(), nullptr);
+  interpreter.popEnvironment();
+  EXPECT_EQ(inner->enclosing(), nullptr);
+}
+
 TEST_F(InterpreterTest, LetsTheHostCaptureTheOutput) {
   std::string output;
   interpreter.print = [&](const String& text) { output.append(text.view()); };
@@ -882,6 +892,7 @@ TEST_F(InterpreterDeathTest, StopsAtNumbersThatAreNoIntegers) {
   EXPECT_DEATH(integer(-9223372036854777856.0), "fatal: The number -9.22337e\\+18 can't become an integer.");
   EXPECT_DEATH(integer(std::numeric_limits<double>::quiet_NaN()), "fatal: The number nan can't become an integer.");
   EXPECT_DEATH(integer32(2147483648.0), "fatal: The number 2.14748e\\+09 can't become an integer.");
+  EXPECT_DEATH(integer32(-2147483649.0), "fatal: The number -2.14748e\\+09 can't become an integer.");
 }
 
 TEST_F(InterpreterDeathTest, StopsWhenTheGlobalsArePopped) {

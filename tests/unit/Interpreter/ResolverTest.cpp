@@ -129,9 +129,9 @@ struct Resolution {
   bool hadError;
 };
 
-Resolution resolve(const char* program) {
+Resolution resolve(const char* program, Scanner::Mode mode = Scanner::Mode::program) {
   const test::TestHost host;
-  Scanner scanner(program, Scanner::Mode::program, host.logger, "f");
+  Scanner scanner(program, mode, host.logger, "f");
   Unpacker unpacker(scanner.scanTokens(), host.logger);
   Parser parser(unpacker.unpack(), host.logger);
   const Statements statements = parser.parse();
@@ -170,6 +170,11 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"var a a.a a[a] a is a -a (a) a || a", "a@7=0 a@11=0 a@13=0 a@16=0 a@24=0 a@27=0 a@30=0 a@35=0"},
         Row{"var a; [a, a]; [a: a]; \"\\(a)\"", "a@9=0 a@12=0 a@17=0 a@20=0 a@27=0"},
         Row{"var a func f() return a + a end", "a@23=1 a@27=1"}));
+
+TEST(Resolver, GoesIntoTemplates) {
+  EXPECT_EQ(resolve("<% var a; a; if a %><% a %><% if a %>-<% end end %>", Scanner::Mode::template_).entries,
+            "a@11=0 a@17=0 a@24=1 a@34=1");
+}
 
 TEST(Resolver, ReportsTheFirstDuplicateAndStops) {
   const Resolution resolution = resolve("var a var a var b var b a");
