@@ -116,6 +116,17 @@ TEST_F(ScopeLifetimeTest, SweepsScopesWhoseFunctionsStandInArraysAndDictionaries
   }
 }
 
+TEST_F(ScopeLifetimeTest, SweepsContainersThatHoldNoFunctions) {
+  for (const char* holder : {"[w]", "keyed(w)", "[1, [\"k\": [w]]]"}) {
+    host.processor.libraries = {};
+    EXPECT_EQ(run(std::string("for i in 0..<1000 var w = witness() var held = ") + holder +
+                  " w = nil func f() end var other = [f] end print(living() < 200)"),
+              "true")
+        << holder;
+    host.files->files["<1>"] = "";
+  }
+}
+
 TEST_F(ScopeLifetimeTest, KeepsScopesThatAnArrayOutsideLeadsTo) {
   EXPECT_EQ(run("var kept = [] func make(_ n) var w = witness() func f() return \"\\(n)\\(w) \" end "
                 "var held = [[f], [n: f]] return [held, n] end "
@@ -177,7 +188,7 @@ TEST_F(ScopeLifetimeTest, KeepsForGoodWhatDoesNotShowTheFunctionsThatItHolds) {
       "if true func inner() return w end get = inner end out = HOLDER f = nil end "
       "func hide() var held = out out = nil func own() return 1 end end make() hide() ";
   for (const char* holder :
-       {"f", "[f]", "[f].map", "[f].filter", "[f].sorted", "[f].joined", "[f].contains", "[[f].map]", "[[1, f].map, f]",
+       {"f", "[f]", "[f, f]", "[f].map", "[f].filter", "[f].sorted", "[f].joined", "[f].contains", "[[f].map]", "[[1, f].map, f]",
         "[\"a\": [[f].map]]", "safe(f)", "[safe([f])]", "wrapped(f)", "[[\"a\": wrapped(f)]]", "keyed(safe(f))",
         "keyed([f].map)", "keyed([wrapped(f)])"}) {
     std::string program = makeAndHide;
@@ -191,21 +202,32 @@ TEST_F(ScopeLifetimeTest, KeepsForGoodWhatDoesNotShowTheFunctionsThatItHolds) {
   }
 }
 
+TEST_F(ScopeLifetimeTest, KeepsForGoodAllThatUnreachableScopesHeldOneAfterTheOther) {
+  EXPECT_EQ(run("var gets = [] var out = nil func make(_ n) var w = witness() func f() return w end "
+                "if true func inner() return \"\\(n)\\(w) \" end gets = [gets, inner] end out = [f] f = nil end "
+                "func hide() var held = out out = nil func own() return 1 end end "
+                "make(1) hide() make(2) hide() make(3) hide() "
+                "for i in 0..<1000 func f() end var other = [f] end print(gets[0][0][1]()) print(gets[0][1]()) print(gets[1]())"),
+            "1witness 2witness 3witness ");
+}
+
 TEST_F(ScopeLifetimeTest, KeepsAContainerThatIsKnownToHoldWhatDoesNotShowItsFunctions) {
-  // The sweep in the first loop gets to know the array, before the scope is let go of that holds it.
-  for (const char* held : {"see()", "[see()]"}) {
-    host.processor.libraries = {};
-    EXPECT_EQ(run(std::string("var get = nil var see = nil "
-                              "func hold(_ x) func seeing() return x end return seeing end "
-                              "func make() var w = witness() func f() return w end "
-                              "if true func inner() return w end get = inner end "
-                              "var x = [safe(f)] f = nil see = hold(x) x = nil end make() "
-                              "for i in 0..<300 func g() end var other = [g] end "
-                              "func hide(_ x) func own() return 1 end end hide(") +
-                  held + ") see = nil for i in 0..<300 func g() end var other = [g] end print(get())"),
-              "witness")
-        << held;
-    host.files->files["<1>"] = "";
+  // The sweep in the first loop gets to know the container, before the scope is let go of that holds it.
+  for (const char* container : {"[safe(f)]", "keyed([f])"}) {
+    for (const char* held : {"see()", "[see()]"}) {
+      host.processor.libraries = {};
+      EXPECT_EQ(run(std::string("var get = nil var see = nil "
+                                "func hold(_ x) func seeing() return x end return seeing end "
+                                "func make() var w = witness() func f() return w end "
+                                "if true func inner() return w end get = inner end var x = ") +
+                    container +
+                    " f = nil see = hold(x) x = nil end make() for i in 0..<300 func g() end var other = [g] end "
+                    "func hide(_ x) func own() return 1 end end hide(" +
+                    held + ") see = nil for i in 0..<300 func g() end var other = [g] end print(get())"),
+                "witness")
+          << container << held;
+      host.files->files["<1>"] = "";
+    }
   }
 }
 

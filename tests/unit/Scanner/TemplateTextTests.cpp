@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "Velto/Platform/Utf8.h"
+
 namespace velto {
 namespace {
 
@@ -19,11 +21,13 @@ void expectSameStops(const std::string& text) {
   ScannableString fast{String(text)};
   ScannableString plain{String(text)};
   while (true) {
-    skipTemplateText(fast);
+    const std::size_t begin = fast.index;
+    const bool isASCII = skipTemplateText(fast);
     skipByCharacters(plain);
     ASSERT_EQ(fast.index, plain.index) << text;
     ASSERT_EQ(fast.line, plain.line) << text;
     ASSERT_EQ(fast.column, plain.column) << text;
+    ASSERT_EQ(isASCII, utf8::isASCII(std::string_view(text).substr(begin, plain.index - begin))) << text;
     if (plain.isAtEnd()) return;
     fast.advance();
     plain.advance();
