@@ -189,6 +189,22 @@ TEST_F(InterpreterTest, EvaluatesAnyExpressionThatIsCalled) {
   EXPECT_THAT(call(token(TokenType::dot)), ElementsAre("main:1:1...1:1: error: Invalid binary operator."));
 }
 
+TEST_F(InterpreterTest, CalculatesWithWhatAnAssignmentGives) {
+  interpreter.globals().define("a", 1);
+  const Range range("main", 1, 1);
+  const Assignment assignment{.range = range,
+                              .name = Token(TokenType::identifier, "a", range),
+                              .value = Literal{.range = range, .value = 5.0}};
+  interpreter.locals.set(assignment.id, 0);
+  const Binary sum{.range = range,
+                   .left = assignment,
+                   .operator_ = Token(TokenType::plus, "+", range),
+                   .right = Literal{.range = range, .value = 2.0}};
+  interpreter.interpret({ExpressionBlock{.range = range, .expression = sum}});
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "7");
+}
+
 TEST_F(InterpreterTest, VisitsRunEveryKindOfStatement) {
   const std::string program =
       "var a = 0 while a < 9 a = a + 1 if a == 2 continue end if a == 4 break end print(a) end "

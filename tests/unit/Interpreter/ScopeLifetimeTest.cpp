@@ -32,7 +32,7 @@ class ScopeLifetimeTest : public testing::Test {
  protected:
   /// Runs a program that can call `witness()`, and gives how many witnesses live at its end, told by `living()`. What
   /// `keyed(x)` gives has a key that the language itself doesn't take: `x`. `safe(x)` is an object that holds `x`, and
-  /// `wrapped(x)` a native function.
+  /// `wrapped(x)` a native function; `bare(x)` is one that promises to hold no functions.
   std::string run(const std::string& program) {
     struct Witnessing final : Library {
       explicit Witnessing(Int& living) : living(living) {}
@@ -49,6 +49,11 @@ class ScopeLifetimeTest : public testing::Test {
             "safe", makeRef<Function1>("safe", [](const Value& value) { return Value(makeRef<Safe>(value)); }));
         interpreter.globals().define("wrapped", makeRef<Function1>("wrapped", [](const Value& value) -> Value {
                                        return makeRef<Function0>("wrapping", [value] { return value; });
+                                     }));
+        interpreter.globals().define("bare", makeRef<Function1>("bare", [](const Value& value) -> Value {
+                                       const auto holder = makeRef<Function0>("holding", [value] { return value; });
+                                       holder->setHoldsNoFunctions();
+                                       return holder;
                                      }));
         interpreter.globals().define("living", makeRef<Function0>("living", [&count] { return Value(count); }));
       }
@@ -116,8 +121,8 @@ TEST_F(ScopeLifetimeTest, SweepsScopesWhoseFunctionsStandInArraysAndDictionaries
   }
 }
 
-TEST_F(ScopeLifetimeTest, SweepsContainersThatHoldNoFunctions) {
-  for (const char* holder : {"[w]", "keyed(w)", "[1, [\"k\": [w]]]"}) {
+TEST_F(ScopeLifetimeTest, SweepsWhatHoldsNoFunctions) {
+  for (const char* holder : {"[w]", "keyed(w)", "[1, [\"k\": [w]]]", "bare(w)", "[1, bare(w)]"}) {
     host.processor.libraries = {};
     EXPECT_EQ(run(std::string("for i in 0..<1000 var w = witness() var held = ") + holder +
                   " w = nil func f() end var other = [f] end print(living() < 200)"),
