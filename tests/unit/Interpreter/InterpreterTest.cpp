@@ -487,6 +487,15 @@ TEST_F(InterpreterTest, IsBareAtTheStart) {
   EXPECT_TRUE(bare.locals.isEmpty());
 }
 
+TEST_F(InterpreterTest, LetsGoOfWhatIsReturnedFromOutsideAFunction) {
+  const Value list = Array(std::vector<Value>{1, 2});
+  interpreter.globals().define("list", list);
+  const std::uint32_t holders = list.array()->holderCount();
+  interpret("return list");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:1...1:7: error: Cannot return from outside a function."));
+  EXPECT_EQ(list.array()->holderCount(), holders);
+}
+
 TEST_F(InterpreterTest, ResolvesPathsAgainstTheBase) {
   EXPECT_EQ(interpreter.resolve("a").path(), "base/a");
   EXPECT_EQ(interpreter.resolve("/a").path(), "base/a");
@@ -620,11 +629,16 @@ TEST_F(InterpreterTest, ReportsExhaustionOnEveryRoadBackToItself) {
 }
 
 TEST_F(InterpreterTest, EndsACallByAHostBeforeTheStackOfItsThread) {
-  interpret("func f() return f() end");
-  const Value function = *interpreter.globals().get("f");
+  interpret("func f() return f() end func g() return 1 end");
   const auto unused = [](const String&) { throw std::runtime_error("It is no native function."); };
-  test::onStack(test::smallStack,
-                [&] { EXPECT_THROW(function.callable()->call(interpreter, {}, unused), VeltoError); });
+  const auto called = [&](const char* name) {
+    return interpreter.globals().get(String(name))->callable()->call(interpreter, {}, unused);
+  };
+  test::onStack(test::smallStack, [&] {
+    EXPECT_EQ(called("g"), Value(1));
+    EXPECT_THROW(called("f"), VeltoError);
+    EXPECT_EQ(called("g"), Value(1));
+  });
   ASSERT_FALSE(host.logger->messages.empty());
   EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.");
 }
