@@ -189,6 +189,22 @@ TEST(Resolver, TakesParametersAndLocalsAsOneScope) {
               ElementsAre("f:1:15...1:16: error: Variable with this name already declared in this scope."));
 }
 
+TEST(Resolver, ReportsARepeatedParameterOfAHostsFunction) {
+  const test::TestHost host;
+  Interpreter interpreter(std::nullopt, host.logger, host.files);
+  Resolver resolver(interpreter);
+  const auto token = [&](TokenType type, const char* text, Int column) {
+    return Token(type, text, Range("f", 1, column));
+  };
+  const FunctionParameter first{token(TokenType::underscore, "_", 8), token(TokenType::identifier, "a", 10)};
+  const FunctionParameter second{token(TokenType::underscore, "_", 13), token(TokenType::identifier, "a", 15)};
+  const Token name = token(TokenType::identifier, "f", 6);
+  resolver.resolve(
+      {FunctionDeclaration{.range = name.range, .name = name, .parameters = {first, second}, .body = {}}});
+  EXPECT_THAT(host.messages(),
+              ElementsAre("f:1:15...1:15: error: Variable with this name already declared in this scope."));
+}
+
 TEST(Resolver, ReportsARepeatedLoopName) {
   EXPECT_THAT(resolve("for (x, x) in d end").messages,
               ElementsAre("f:1:9...1:10: error: Variable with this name already declared in this scope."));

@@ -218,7 +218,7 @@ TEST_F(ScopeLifetimeTest, KeepsForGoodAllThatUnreachableScopesHeldOneAfterTheOth
 
 TEST_F(ScopeLifetimeTest, KeepsAContainerThatIsKnownToHoldWhatDoesNotShowItsFunctions) {
   // The sweep in the first loop gets to know the container, before the scope is let go of that holds it.
-  for (const char* container : {"[safe(f)]", "keyed([f])"}) {
+  for (const char* container : {"[safe(f)]", "keyed([f])", "keyed(f)", "keyed(safe(f))"}) {
     for (const char* held : {"see()", "[see()]"}) {
       host.processor.libraries = {};
       EXPECT_EQ(run(std::string("var get = nil var see = nil "
