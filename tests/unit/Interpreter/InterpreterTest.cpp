@@ -523,6 +523,17 @@ TEST_F(InterpreterTest, UsesAScopeThatAHostHasHeldForNothingElse) {
   EXPECT_EQ(inner->enclosing(), nullptr);
 }
 
+TEST_F(InterpreterTest, UsesAScopeThatAHostHasMadeForNothingElse) {
+  auto own = makeRef<Environment>(&interpreter.globals(), host.logger);
+  const auto inner = makeRef<Environment>(own.get(), host.logger);
+  interpreter.pushEnvironment(std::move(own));
+  interpreter.pushEnvironment();
+  interpreter.popEnvironment();
+  EXPECT_NE(inner->enclosing(), nullptr);
+  interpreter.popEnvironment();
+  EXPECT_EQ(inner->enclosing(), nullptr);
+}
+
 TEST_F(InterpreterTest, LetsTheHostCaptureTheOutput) {
   std::string output;
   interpreter.print = [&](const String& text) { output.append(text.view()); };
@@ -918,6 +929,22 @@ TEST_F(InterpreterTest, FindsAVariableAgainHoweverFarOutItLies) {
     interpreter.interpret({print, print});
   }
   EXPECT_EQ(host.output(), "outermostoutermostoutermostoutermost");
+}
+
+TEST_F(InterpreterTest, ReadsManyResolvedVariablesPastANearerOne) {
+  const Range range("t", 1, 1);
+  const Token name(TokenType::identifier, "a", range);
+  interpreter.pushEnvironment().define(name, 1);
+  interpreter.pushEnvironment().define(name, 2);
+  // So many that some aren't found where they would stand alone.
+  Statements reads;
+  for (int count = 0; count < 3'000; ++count) {
+    const Variable read{.range = range, .name = name};
+    interpreter.locals.set(read.id, 1);
+    reads.push_back(ExpressionBlock{.range = range, .expression = read});
+  }
+  interpreter.interpret(reads);
+  EXPECT_EQ(host.output(), std::string(3'000, '1'));
 }
 
 using InterpreterDeathTest = InterpreterTest;

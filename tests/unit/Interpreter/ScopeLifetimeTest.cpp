@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
 
 namespace velto {
@@ -216,6 +217,17 @@ TEST_F(ScopeLifetimeTest, KeepsForGoodAllThatUnreachableScopesHeldOneAfterTheOth
             "1witness 2witness 3witness ");
 }
 
+TEST_F(ScopeLifetimeTest, LetsGoOfManyKeptScopesOnASmallStack) {
+  test::onStack(test::smallStack, [&] {
+    EXPECT_EQ(run("var gets = nil var out = nil func make() var w = witness() func f() return w end "
+                  "if true func inner() return w end gets = [gets, inner] end out = [f] f = nil end "
+                  "func hide() var held = out out = nil func own() return 1 end end "
+                  "for i in 0..<20000 make() hide() end print(living())"),
+              "20000");
+  });
+  EXPECT_EQ(living, 0);
+}
+
 TEST_F(ScopeLifetimeTest, KeepsAContainerThatIsKnownToHoldWhatDoesNotShowItsFunctions) {
   // The sweep in the first loop gets to know the container, before the scope is let go of that holds it.
   for (const char* container : {"[safe(f)]", "keyed([f])", "keyed(f)", "keyed(safe(f))"}) {
@@ -234,6 +246,19 @@ TEST_F(ScopeLifetimeTest, KeepsAContainerThatIsKnownToHoldWhatDoesNotShowItsFunc
       host.files->files["<1>"] = "";
     }
   }
+}
+
+TEST_F(ScopeLifetimeTest, KeepsAContainerWhosePartsHaveBeenSeenBefore) {
+  // The sweep in the first loop comes to the inner array by `b`, and once more by `a`.
+  EXPECT_EQ(run("var get = nil var see = nil "
+                "func hold(_ b, _ a) func seeing() b = nil return a end return seeing end "
+                "func make() var w = witness() func f() return w end "
+                "if true func inner() return w end get = inner end "
+                "var b = [f] see = hold(b, [b]) f = nil b = nil end make() "
+                "for i in 0..<300 func g() end var other = [g] end "
+                "func hide(_ x) func own() return 1 end end hide(see()) see = nil "
+                "for i in 0..<300 func g() end var other = [g] end print(get())"),
+            "witness");
 }
 
 TEST_F(ScopeLifetimeTest, LeavesNothingBehind) {
