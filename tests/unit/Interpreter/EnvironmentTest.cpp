@@ -128,6 +128,15 @@ TEST(Environment, DiesWithItsLastHolder) {
   EXPECT_EQ(logger->messages.size(), 1u);
 }
 
+TEST_F(EnvironmentTest, IsObservedByThoseInside) {
+  const auto alone = makeRef<Environment>(logger);
+  {
+    const Environment counted(alone.get(), logger);
+    EXPECT_TRUE(alone->isObserved());
+  }
+  EXPECT_FALSE(alone->isObserved());
+}
+
 using EnvironmentDeathTest = EnvironmentTest;
 
 TEST_F(EnvironmentDeathTest, StopsAtABrokenPromiseOfTheResolver) {
