@@ -304,6 +304,17 @@ TEST(Resolver, ReportsWhatWasMadeWithMoreStack) {
   EXPECT_EQ(exhaustedAt(opened + closed).startColumn % 9, 6);  // a name
 }
 
+TEST(Resolver, GoesByTheStackOfTheThreadThatResolves) {
+  const test::TestHost host;
+  Interpreter interpreter(std::nullopt, host.logger, host.files);
+  Resolver resolver(interpreter);
+  Scanner scanner("var a if true a end", Scanner::Mode::program, host.logger, "main");
+  const Statements statements = Parser(Unpacker(scanner.scanTokens(), host.logger).unpack(), host.logger).parse();
+  test::onStack(160 * 1024, [&] { resolver.resolve(statements); });
+  EXPECT_THAT(host.messages(), ElementsAre());
+  EXPECT_EQ(interpreter.locals.size(), 1u);
+}
+
 /// Throws at every message.
 template <typename Thrown>
 struct ThrowingLogger final : Logger {

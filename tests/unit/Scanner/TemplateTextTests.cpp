@@ -78,6 +78,14 @@ TEST(TemplateText, TakesTheFastWayOverASCII) {
   EXPECT_FALSE(skipASCIITemplateText(source));
 }
 
+TEST(TemplateText, StaysAtTheEnd) {
+  ScannableString source{String("text")};
+  EXPECT_TRUE(skipTemplateText(source));
+  EXPECT_TRUE(source.isAtEnd());
+  EXPECT_FALSE(skipASCIITemplateText(source));
+  EXPECT_EQ(source.index, 4u);
+}
+
 TEST(TemplateText, LeavesCarriageReturns) {
   ScannableString source("a\r\nb");
   EXPECT_TRUE(skipASCIITemplateText(source));
