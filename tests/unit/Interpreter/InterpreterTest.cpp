@@ -236,6 +236,19 @@ TEST_F(InterpreterTest, ComparesAnObjectWithoutEqualsToNilAlone) {
   EXPECT_THAT(host.messages(), ElementsAre("main:1:80...1:82: error: Objects must implement 'equals' function."));
 }
 
+TEST_F(InterpreterTest, AsksAnObjectWhetherItEqualsAnArray) {
+  struct Agreeable final : Object {
+    std::optional<Value> get(const String& member) const override {
+      if (member != "equals") return std::nullopt;
+      return makeRef<Function2>("equals", [](const Value&, const Value&) { return Value(true); });
+    }
+    String objectDescription() const override { return "agreeable"; }
+  };
+  interpreter.globals().define("thing", makeRef<Agreeable>());
+  interpret("print(\"\(thing == [1]) \([1] == thing)\")");
+  EXPECT_EQ(host.output(), "true false");
+}
+
 TEST_F(InterpreterTest, LeavesScopesAloneThatAHostHoldsOrWatches) {
   Ref<Environment> held;
   WeakRef<Environment> watched;
