@@ -245,7 +245,7 @@ TEST_F(InterpreterTest, AsksAnObjectWhetherItEqualsAnArray) {
     String objectDescription() const override { return "agreeable"; }
   };
   interpreter.globals().define("thing", makeRef<Agreeable>());
-  interpret("print(\"\(thing == [1]) \([1] == thing)\")");
+  interpret("print(\"\\(thing == [1]) \\([1] == thing)\")");
   EXPECT_EQ(host.output(), "true false");
 }
 
