@@ -172,8 +172,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"var a func f() return a + a end", "a@23=1 a@27=1"}));
 
 TEST(Resolver, GoesIntoTemplates) {
-  EXPECT_EQ(resolve("<% var a; a; if a %><% a %><% if a %>-<% end end %>", Scanner::Mode::template_).entries,
-            "a@11=0 a@17=0 a@24=1 a@34=1");
+  EXPECT_EQ(resolve("<% var a; a; if a %><%= a %><% if a %>-<% end end %>", Scanner::Mode::template_).entries,
+            "a@11=0 a@17=0 a@25=1 a@35=1");
 }
 
 TEST(Resolver, ReportsTheFirstDuplicateAndStops) {

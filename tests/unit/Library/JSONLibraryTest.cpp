@@ -222,8 +222,10 @@ TEST(JSONDocumentTest, KnowsAnExpectedKeyFromOneThatOnlyBeginsLikeIt) {
   EXPECT_EQ(read(R"([{"a":1,"b":2},{"a":3,"bc":4},{"a":5,"b":6}])"),
             String("[[a: 1, b: 2], [a: 3, bc: 4], [a: 5, b: 6]]"));
   EXPECT_EQ(read(R"([{"a\"b":1},{"a\"b":2}])"), String("[[a\"b: 1], [a\"b: 2]]"));
-  EXPECT_EQ(read(R"([{"a\":1,\"b":2},{"a":1,"b":2}])"), String("[[a\":1,\"b: 2], [a: 1, b: 2]]"));
-  EXPECT_EQ(read(R"([{"a\\u0041":1},{"a\u0041":2}])"), String("[[a\\u0041: 1], [aA: 2]]"));
+  EXPECT_EQ(read(R"([{"a\":1,\"b":2},{"a\":1,\"b":2},{"a":1,"b":2}])"),
+            String("[[a\":1,\"b: 2], [a\":1,\"b: 2], [a: 1, b: 2]]"));
+  EXPECT_EQ(read(R"([{"a\\u0041":1},{"a\\u0041":2},{"a\u0041":3}])"),
+            String("[[a\\u0041: 1], [a\\u0041: 2], [aA: 3]]"));
   EXPECT_FALSE(parseJSON(R"([{"a\"b":1},{"a"b":2}])"));
   EXPECT_FALSE(parseJSON(R"([{"a":1},{"a"b":2}])"));
   EXPECT_FALSE(parseJSON(R"([{"a":1},{"a)"));
