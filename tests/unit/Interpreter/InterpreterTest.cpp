@@ -200,7 +200,7 @@ TEST_F(InterpreterTest, CalculatesWithWhatAnAssignmentGives) {
                    .operator_ = Token(TokenType::plus, "+", range),
                    .right = Literal{.range = range, .value = 2.0}};
   for (int time = 0; time < 2; ++time) {
-    interpreter.globals().define("a", 1);
+    interpreter.globals().define(assignment.name.lexeme, 1);
     interpreter.interpret({ExpressionBlock{.range = range, .expression = sum}});
   }
   EXPECT_EQ(host.output(), "77");
