@@ -18,13 +18,19 @@ def equivalent_numbers(project, mutations):
     stale = []
     for place, path, change, part, reason in entries():
         here = [number for number, m in mutations.items() if m.path == path and begins_in(part, lines[path], m.line)]
-        here = [number for number in here if mutations[number].change.startswith(change)]
+        here = [number for number in here if is_meant(change, mutations[number])]
         if not here:
             stale.append(f"{LIST.relative_to(project)}:{place}: stale: {what_is_missing(path, change, part, lines)}")
         found |= dict.fromkeys(here, reason)
     if stale:
         raise SystemExit("\n".join(stale))
     return found
+
+
+def is_meant(change, mutation):
+    """A change may name the column, where a line has several that look the same."""
+    beginning, _, column = change.partition(" at ")
+    return mutation.change.startswith(beginning) and column in ("", str(mutation.column))
 
 
 def begins_in(part, lines, number):

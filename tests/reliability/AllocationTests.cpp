@@ -67,6 +67,19 @@ TEST_P(EachAllocation, EndsTheRunWithBadAllocAndHarmsNothing) {
   RecordProperty("allocations", std::to_string(number));  // which holds memory itself
 }
 
+TEST(LackOfMemory, UsesNoScopeAgainThatAHostHasHeldMeanwhile) {
+  Interpreter interpreter;
+  Ref<Environment> held(&interpreter.pushEnvironment());
+  {
+    const AllocationFailure failure(0, Failing::fromThenOn);
+    interpreter.popEnvironment();
+    EXPECT_TRUE(failure.hasStruck());
+  }
+  interpreter.pushEnvironment(std::move(held));
+  interpreter.popEnvironment();
+  EXPECT_FALSE(interpreter.globals().isObserved());
+}
+
 std::string nameOf(const testing::TestParamInfo<Circumstances>& info) {
   const std::string program = info.param.program.substr(0, info.param.program.find('.'));
   return program + (info.param.isOnDisk ? "OnDisk" : "InMemory") +

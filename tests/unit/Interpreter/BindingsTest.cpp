@@ -41,6 +41,30 @@ TEST(Bindings, AreAsNewOnceTheyAreCleared) {
   }
 }
 
+TEST(Bindings, FindManyNamesAgainOnceTheyAreCleared) {
+  Bindings names;
+  for (int number = 0; number < 12; ++number) names.set(decimal(number), number);
+  names.clear();
+  for (int number = 0; number < 8; ++number) names.set(decimal(number), number);
+  names.set("another", 8);
+  for (int number = 9; number < 12; ++number) names.set(decimal(number), number);
+  for (int number = 9; number < 12; ++number) EXPECT_EQ(*names.find(decimal(number)), Value(number));
+}
+
+TEST(Bindings, TellOfMostNamesThatTheyAreNotThere) {
+  Bindings names;
+  const String name = "a";
+  EXPECT_FALSE(names.mayHave(name.hash()));
+  names.set(name, 1);
+  EXPECT_TRUE(names.mayHave(name.hash()));
+  EXPECT_FALSE(names.mayHave(name.hash() ^ 1));
+  names.clear();
+  EXPECT_FALSE(names.mayHave(name.hash()));
+  names.set(name, 1);
+  EXPECT_TRUE(names.clearIfPlain());
+  EXPECT_FALSE(names.mayHave(name.hash()));
+}
+
 TEST(Bindings, TakeOtherNamesOnceTheyAreCleared) {
   Bindings names;
   for (const char* const name : {"a", "b", "c"}) names.set(name, name);

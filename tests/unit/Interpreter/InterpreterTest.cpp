@@ -191,9 +191,8 @@ TEST_F(InterpreterTest, EvaluatesAnyExpressionThatIsCalled) {
 
 TEST_F(InterpreterTest, CalculatesWithWhatAnAssignmentGives) {
   const Range range("main", 1, 1);
-  const Assignment assignment{.range = range,
-                              .name = Token(TokenType::identifier, "a", range),
-                              .value = Literal{.range = range, .value = 5.0}};
+  const Assignment assignment{
+      .range = range, .name = Token(TokenType::identifier, "a", range), .value = Literal{.range = range, .value = 5.0}};
   interpreter.locals.set(assignment.id, 0);
   const Binary sum{.range = range,
                    .left = assignment,
@@ -485,6 +484,26 @@ TEST_F(InterpreterTest, EmptiesItsScopesAtItsEndWhoeverHoldsThem) {
   EXPECT_TRUE(held->values.bindings().empty());
   EXPECT_TRUE(globals->values.bindings().empty());
   EXPECT_EQ(dynamic_cast<const Function&>(*escaped.callable()).closure().get(), held.get());
+}
+
+TEST_F(InterpreterTest, LetsGoOfTheScopesThatItHasKeptBesideOneThatAHostHolds) {
+  Ref<Environment> held;
+  WeakRef<Environment> other;
+  {
+    Interpreter another(Url("base"), host.logger, host.files);
+    another.globals().define("hold", makeRef<Function1>("hold", [&](const Value& function) {
+                               other = WeakRef<Environment>(held.get());
+                               held = dynamic_cast<const Function&>(*function.callable()).closure();
+                               return Value::nil();
+                             }));
+    another.interpret(
+        parsed("var gets = [] var out = nil func make() var n = 1 func f() return n end "
+               "if true func inner() return n end gets = [gets, inner] end out = [f] hold(f) f = nil end "
+               "func hide() var held = out out = nil func own() return 1 end end make() hide() make() hide()"));
+    EXPECT_NE(other.get(), nullptr);
+  }
+  EXPECT_THAT(host.messages(), ElementsAre());
+  EXPECT_EQ(other.get(), nullptr);
 }
 
 TEST_F(InterpreterTest, KeepsWhatItsFunctionsDeclareAfterTheirTreeHasGone) {

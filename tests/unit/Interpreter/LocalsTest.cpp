@@ -8,6 +8,22 @@
 namespace velto {
 namespace {
 
+TEST(Local, RemembersAPlaceIfItIsNear) {
+  for (const Int depth : {Int{0}, Int{1}, Local::farthest}) {
+    const Local near(depth);
+    EXPECT_EQ(near.links, static_cast<std::uint32_t>(depth));
+    EXPECT_EQ(near.place, 0u);
+    near.remember(3);
+    EXPECT_EQ(near.place, 3u);
+  }
+  for (const Int depth : {Int{-1}, Local::farthest + 1}) {
+    const Local far(depth);
+    far.remember(3);
+    EXPECT_EQ(far.place, Local::nowhere);
+    EXPECT_EQ(far.links, 0u);
+  }
+}
+
 TEST(Locals, KeepsTheLastDepthOfEachExpression) {
   Locals locals;
   EXPECT_TRUE(locals.isEmpty());

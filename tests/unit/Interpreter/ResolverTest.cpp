@@ -199,8 +199,7 @@ TEST(Resolver, ReportsARepeatedParameterOfAHostsFunction) {
   const FunctionParameter first{token(TokenType::underscore, "_", 8), token(TokenType::identifier, "a", 10)};
   const FunctionParameter second{token(TokenType::underscore, "_", 13), token(TokenType::identifier, "a", 15)};
   const Token name = token(TokenType::identifier, "f", 6);
-  resolver.resolve(
-      {FunctionDeclaration{.range = name.range, .name = name, .parameters = {first, second}, .body = {}}});
+  resolver.resolve({FunctionDeclaration{.range = name.range, .name = name, .parameters = {first, second}, .body = {}}});
   EXPECT_THAT(host.messages(),
               ElementsAre("f:1:15...1:15: error: Variable with this name already declared in this scope."));
 }

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/support/StackThread.h"
 #include "tests/support/TestHost.h"
 
@@ -34,6 +36,7 @@ class ScopeLifetimeTest : public testing::Test {
   /// Runs a program that can call `witness()`, and gives how many witnesses live at its end, told by `living()`. What
   /// `keyed(x)` gives has a key that the language itself doesn't take: `x`. `safe(x)` is an object that holds `x`, and
   /// `wrapped(x)` a native function; `bare(x)` is one that promises to hold no functions.
+  /// `known(x)` tells what is known of what `x` holds, and `rootless` is a function without a scope.
   std::string run(const std::string& program) {
     struct Witnessing final : Library {
       explicit Witnessing(Int& living) : living(living) {}
@@ -56,6 +59,16 @@ class ScopeLifetimeTest : public testing::Test {
                                        holder->setHoldsNoFunctions();
                                        return holder;
                                      }));
+        interpreter.globals().define("known", makeRef<Function1>("known", [](const Value& container) -> Value {
+                                       constexpr std::array names{"unknown", "plain", "opaque"};
+                                       const Array* const array = container.array();
+                                       const ContentsMark& contents =
+                                           array ? array->contents : container.dictionary()->contents;
+                                       return names[static_cast<std::size_t>(contents.get())];
+                                     }));
+        const Token rootless(TokenType::identifier, "rootless", Range("host", 1, 1));
+        const FunctionDeclaration declaration{.range = rootless.range, .name = rootless, .parameters = {}, .body = {}};
+        interpreter.globals().define("rootless", makeRef<Function>(declaration, nullptr));
         interpreter.globals().define("living", makeRef<Function0>("living", [&count] { return Value(count); }));
       }
       Int& living;
@@ -194,9 +207,9 @@ TEST_F(ScopeLifetimeTest, KeepsForGoodWhatDoesNotShowTheFunctionsThatItHolds) {
       "if true func inner() return w end get = inner end out = HOLDER f = nil end "
       "func hide() var held = out out = nil func own() return 1 end end make() hide() ";
   for (const char* holder :
-       {"f", "[f]", "[f, f]", "[f].map", "[f].filter", "[f].sorted", "[f].joined", "[f].contains", "[[f].map]", "[[1, f].map, f]",
-        "[\"a\": [[f].map]]", "safe(f)", "[safe([f])]", "wrapped(f)", "[[\"a\": wrapped(f)]]", "keyed(safe(f))",
-        "keyed([f].map)", "keyed([wrapped(f)])"}) {
+       {"f", "[f]", "[f, f]", "[f].map", "[f].filter", "[f].sorted", "[f].joined", "[f].contains", "[[f].map]",
+        "[[1, f].map, f]", "[\"a\": [[f].map]]", "safe(f)", "[safe([f])]", "wrapped(f)", "[[\"a\": wrapped(f)]]",
+        "keyed(safe(f))", "keyed([f].map)", "keyed([wrapped(f)])"}) {
     std::string program = makeAndHide;
     program.replace(program.find("HOLDER"), 6, holder);
     host.processor.libraries = {};
@@ -213,7 +226,8 @@ TEST_F(ScopeLifetimeTest, KeepsForGoodAllThatUnreachableScopesHeldOneAfterTheOth
                 "if true func inner() return \"\\(n)\\(w) \" end gets = [gets, inner] end out = [f] f = nil end "
                 "func hide() var held = out out = nil func own() return 1 end end "
                 "make(1) hide() make(2) hide() make(3) hide() "
-                "for i in 0..<1000 func f() end var other = [f] end print(gets[0][0][1]()) print(gets[0][1]()) print(gets[1]())"),
+                "for i in 0..<1000 func f() end var other = [f] end print(gets[0][0][1]()) print(gets[0][1]()) "
+                "print(gets[1]())"),
             "1witness 2witness 3witness ");
 }
 
@@ -259,6 +273,51 @@ TEST_F(ScopeLifetimeTest, KeepsAContainerWhosePartsHaveBeenSeenBefore) {
                 "func hide(_ x) func own() return 1 end end hide(see()) see = nil "
                 "for i in 0..<300 func g() end var other = [g] end print(get())"),
             "witness");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsAScopeWithAFunctionUnderManyNames) {
+  EXPECT_EQ(run("func make() var n = 1 func h() return n end var h2 = h var h3 = h func g() return n end return g end "
+                "var g = make() print(g())"),
+            "1");
+}
+
+TEST_F(ScopeLifetimeTest, KeepsAScopeOnceThatManyThatAreLetGoOfHaveHeld) {
+  EXPECT_EQ(run("func make() var n = 0 func k() return n end return k end var k = make() "
+                "func once() var held = k func own() end end once() once() "
+                "var list = [] for i in 0..<100 list = [list, make()] end print(k())"),
+            "0");
+}
+
+TEST_F(ScopeLifetimeTest, PassesAFunctionByThatHasNoScope) {
+  EXPECT_EQ(run("func once() var held = rootless func own() end end once() print(living())"), "0");
+}
+
+TEST_F(ScopeLifetimeTest, SweepsAgainHoweverManyScopesAreKept) {
+  EXPECT_EQ(run("if true func b1() end if true func b2() end if true func b3() end "
+                "func make() var w = witness() var other = 1 var held = [b1, b2, b3] "
+                "func set(_ x) other = x end return set end "
+                "for i in 0..<1000 var a = make() var b = make() a(b) b(a) end print(living() < 400) end end end"),
+            "true");
+  host.processor.libraries = {};
+  host.files->files["<1>"] = "";
+  EXPECT_EQ(run("for i in 0..<1000 var w = witness() func h() return w end var keep = nil "
+                "if true func g() return w end keep = g end if true func f() end var hh = [h, keep] end h = nil end "
+                "print(living() < 400)"),
+            "true");
+}
+
+TEST_F(ScopeLifetimeTest, RemembersWhatAContainerHolds) {
+  const auto know = [&](const char* container) {
+    host.processor.libraries = {};
+    host.files->files["<1>"] = "";
+    return run(std::string("func make() var x = ") + container +
+               " func get() return x end return get end var get = make() "
+               "for i in 0..<300 func g() end var other = [g] end print(known(get()))");
+  };
+  EXPECT_EQ(know("[1, [\"k\": witness()]]"), "plain");
+  EXPECT_EQ(know("[safe(1)]"), "opaque");
+  EXPECT_EQ(know("[make]"), "unknown");
+  EXPECT_EQ(know("keyed([make])"), "unknown");
 }
 
 TEST_F(ScopeLifetimeTest, LeavesNothingBehind) {

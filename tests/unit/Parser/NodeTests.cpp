@@ -27,6 +27,17 @@ TEST(Nodes, HaveFreshIdentitiesThatCopiesKeep) {
   EXPECT_EQ(Expression(record).id(), first.id());
 }
 
+TEST(Nodes, KeepThePlaceThatWasGuessedInCopies) {
+  const Variable variable = *onlyExpression("a").as<Variable>();
+  EXPECT_EQ(variable.place.get(), 0u);
+  variable.place.set(7);
+  Variable copy = variable;
+  EXPECT_EQ(copy.place.get(), 7u);
+  variable.place.set(8);
+  copy = variable;
+  EXPECT_EQ(copy.place.get(), 8u);
+}
+
 TEST(Nodes, KeepIdentitiesInCopiesOfTheirParents) {
   const Binary binary = *onlyExpression("a + b").as<Binary>();
   const Binary copy = binary;

@@ -118,5 +118,17 @@ TEST(ScannerStrings, GivesExactRanges) {
       programRanges);
 }
 
+TEST(ScannerStrings, PutsShortOnesIntoThePool) {
+  const auto texts = std::make_shared<TextPool>();
+  const auto isShared = [&](std::size_t size) {
+    const std::string text(size, 'k');
+    Scanner("\"" + text + "\"", Scanner::Mode::program, std::make_shared<ArrayLogger>(), "f", texts).scanTokens();
+    return texts->find(text) != nullptr;
+  };
+  EXPECT_TRUE(isShared(1));
+  EXPECT_TRUE(isShared(32));
+  EXPECT_FALSE(isShared(33));
+}
+
 }  // namespace
 }  // namespace velto

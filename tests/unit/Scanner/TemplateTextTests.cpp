@@ -86,6 +86,15 @@ TEST(TemplateText, StaysAtTheEnd) {
   EXPECT_EQ(source.index, 4u);
 }
 
+TEST(TemplateText, TakesASingleByte) {
+  ScannableString alone{String("a")};
+  EXPECT_TRUE(skipASCIITemplateText(alone));
+  EXPECT_EQ(alone.index, 1u);
+  ScannableString beforeAnother{String("\n\u00E9")};
+  EXPECT_TRUE(skipASCIITemplateText(beforeAnother));
+  EXPECT_EQ(beforeAnother.line, 2);
+}
+
 TEST(TemplateText, LeavesCarriageReturns) {
   ScannableString source("a\r\nb");
   EXPECT_TRUE(skipASCIITemplateText(source));
