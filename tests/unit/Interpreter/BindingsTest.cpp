@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "Velto/Value/Object.h"
 
 namespace velto {
@@ -42,13 +44,17 @@ TEST(Bindings, AreAsNewOnceTheyAreCleared) {
 }
 
 TEST(Bindings, FindManyNamesAgainOnceTheyAreCleared) {
+  std::vector<String> texts;
+  for (Int number = 0; number < 12; ++number) texts.push_back(decimal(number));
   Bindings names;
-  for (int number = 0; number < 12; ++number) names.set(decimal(number), number);
+  for (const String& text : texts) names.set(text, 1);
   names.clear();
-  for (int number = 0; number < 8; ++number) names.set(decimal(number), number);
-  names.set("another", 8);
-  for (int number = 9; number < 12; ++number) names.set(decimal(number), number);
-  for (int number = 9; number < 12; ++number) EXPECT_EQ(*names.find(decimal(number)), Value(number));
+  texts[8] = "another";  // so that a table is made while the names behind it are as before
+  for (const String& text : texts) names.set(text, text);
+  for (const String& text : texts) {
+    ASSERT_NE(names.find(text), nullptr) << text;
+    EXPECT_EQ(*names.find(text), Value(text));
+  }
 }
 
 TEST(Bindings, TellOfMostNamesThatTheyAreNotThere) {
