@@ -64,6 +64,7 @@ TEST(ArrayMembers, MayHoldFunctionsUnlessNothingButTextsAndNumbersIsInTheArray) 
   for (const char* member : {"map", "filter", "sorted", "joined"}) {
     const Value plain = Value::arrayLiteral({1, "a", true, Value::nil()});
     EXPECT_FALSE(mayHoldFunctions(plain, member));
+    EXPECT_EQ(plain.array()->contents.get(), ContentsMark::Kind::plain);
     EXPECT_FALSE(mayHoldFunctions(plain, member));
     EXPECT_FALSE(mayHoldFunctions(Array(), member));
     EXPECT_TRUE(mayHoldFunctions(Value::arrayLiteral({1, plain}), member));
