@@ -67,14 +67,17 @@ TEST_P(EachAllocation, EndsTheRunWithBadAllocAndHarmsNothing) {
   RecordProperty("allocations", std::to_string(number));  // which holds memory itself
 }
 
-TEST(LackOfMemory, UsesNoScopeAgainThatAHostHasHeldMeanwhile) {
+/// One that is used again would go on looking at the scope around it.
+TEST(LackOfMemory, LetsNoScopeBeUsedAgainThatAHostHasHeldMeanwhile) {
   Interpreter interpreter;
   Ref<Environment> held(&interpreter.pushEnvironment());
+  bool hasStruck = false;
   {
     const AllocationFailure failure(0, Failing::fromThenOn);
     interpreter.popEnvironment();
-    EXPECT_TRUE(failure.hasStruck());
+    hasStruck = failure.hasStruck();
   }
+  EXPECT_TRUE(hasStruck);
   interpreter.pushEnvironment(std::move(held));
   interpreter.popEnvironment();
   EXPECT_FALSE(interpreter.globals().isObserved());

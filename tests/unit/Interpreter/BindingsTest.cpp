@@ -47,10 +47,10 @@ TEST(Bindings, FindManyNamesAgainOnceTheyAreCleared) {
   std::vector<String> texts;
   for (Int number = 0; number < 12; ++number) texts.push_back(decimal(number));
   Bindings names;
-  for (const String& text : texts) names.set(text, 1);
+  for (const String& text : texts) EXPECT_TRUE(names.add(text, 1));
   names.clear();
   texts[8] = "another";  // so that a table is made while the names behind it are as before
-  for (const String& text : texts) names.set(text, text);
+  for (const String& text : texts) EXPECT_TRUE(names.add(text, text));
   for (const String& text : texts) {
     ASSERT_NE(names.find(text), nullptr) << text;
     EXPECT_EQ(*names.find(text), Value(text));

@@ -129,12 +129,13 @@ TEST(Environment, DiesWithItsLastHolder) {
 }
 
 TEST_F(EnvironmentTest, IsObservedByThoseInside) {
-  const auto alone = makeRef<Environment>(logger);
+  const auto around = makeRef<Environment>(logger);
+  EXPECT_FALSE(around->isObserved());
   {
-    const Environment counted(alone.get(), logger);
-    EXPECT_TRUE(alone->isObserved());
+    const Environment inside(around.get(), logger);
+    EXPECT_TRUE(around->isObserved());
   }
-  EXPECT_FALSE(alone->isObserved());
+  EXPECT_FALSE(around->isObserved());
 }
 
 using EnvironmentDeathTest = EnvironmentTest;

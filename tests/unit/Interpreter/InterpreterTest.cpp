@@ -487,23 +487,24 @@ TEST_F(InterpreterTest, EmptiesItsScopesAtItsEndWhoeverHoldsThem) {
 }
 
 TEST_F(InterpreterTest, LetsGoOfTheScopesThatItHasKeptBesideOneThatAHostHolds) {
-  Ref<Environment> held;
-  WeakRef<Environment> other;
+  Ref<Environment> second;
+  WeakRef<Environment> first;
   {
     Interpreter another(Url("base"), host.logger, host.files);
+    // Called twice.
     another.globals().define("hold", makeRef<Function1>("hold", [&](const Value& function) {
-                               other = WeakRef<Environment>(held.get());
-                               held = dynamic_cast<const Function&>(*function.callable()).closure();
+                               first = WeakRef<Environment>(second.get());
+                               second = dynamic_cast<const Function&>(*function.callable()).closure();
                                return Value::nil();
                              }));
     another.interpret(
         parsed("var gets = [] var out = nil func make() var n = 1 func f() return n end "
                "if true func inner() return n end gets = [gets, inner] end out = [f] hold(f) f = nil end "
                "func hide() var held = out out = nil func own() return 1 end end make() hide() make() hide()"));
-    EXPECT_NE(other.get(), nullptr);
+    EXPECT_NE(first.get(), nullptr);
   }
   EXPECT_THAT(host.messages(), ElementsAre());
-  EXPECT_EQ(other.get(), nullptr);
+  EXPECT_EQ(first.get(), nullptr);
 }
 
 TEST_F(InterpreterTest, KeepsWhatItsFunctionsDeclareAfterTheirTreeHasGone) {
@@ -546,7 +547,8 @@ TEST_F(InterpreterTest, PushesAndPopsScopes) {
   EXPECT_EQ(interpreter.stack().size(), 1u);
 }
 
-TEST_F(InterpreterTest, UsesAScopeThatAHostHasHeldForNothingElse) {
+/// One that is used again would go on looking at the scope around it.
+TEST_F(InterpreterTest, NeverUsesAScopeAgainThatAHostHasHeld) {
   Ref<Environment> held(&interpreter.pushEnvironment());
   interpreter.popEnvironment();
   EXPECT_TRUE(interpreter.globals().isObserved());
@@ -555,7 +557,7 @@ TEST_F(InterpreterTest, UsesAScopeThatAHostHasHeldForNothingElse) {
   EXPECT_FALSE(interpreter.globals().isObserved());
 }
 
-TEST_F(InterpreterTest, UsesAScopeThatAHostHasMadeForNothingElse) {
+TEST_F(InterpreterTest, NeverUsesAScopeAgainThatAHostHasMade) {
   interpreter.pushEnvironment(makeRef<Environment>(&interpreter.globals(), host.logger));
   interpreter.pushEnvironment();
   interpreter.popEnvironment();
@@ -693,7 +695,7 @@ TEST_F(InterpreterTest, EndsAFileThatIncludesItselfTwice) {
     EXPECT_EQ(host.logger->messages.at(0).message, "Stack exhausted.");
     EXPECT_EQ(interpreter.stack().size(), 1u);
   }
-  // What has ended lists then ends none in the next run.
+  // The exhaustion that ended those lists ends none in the next run.
   host.logger->messages.clear();
   host.files->files["/base/failing"] = "<% missing %>";
   interpret("include \"failing\" print(1)");
