@@ -1,6 +1,7 @@
 // The arguments of a call while they are worked out.
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -10,31 +11,31 @@
 
 namespace velto {
 
-/// At most as many values as it was made for; those of nearly every call stand on the stack.
+/// Stands in memory of the caller's, which has to have room for as many values as are added.
 class ArgumentList {
  public:
-  [[gnu::always_inline]] explicit ArgumentList(std::size_t capacity) {
-    if (capacity > few) [[unlikely]] {
-      more_.reset(new std::byte[capacity * sizeof(Value)]);
-      end_ = begin_ = reinterpret_cast<Value*>(more_.get());
-    }
-  }
+  /// How many arguments nearly every call can do with: those stand on the stack.
+  static constexpr std::size_t few = 4;
+
+  [[gnu::always_inline]] explicit ArgumentList(std::byte* memory) noexcept
+      : begin_(reinterpret_cast<Value*>(memory)), end_(begin_) {}
   [[gnu::always_inline]] ~ArgumentList() {
     while (end_ != begin_) (--end_)->~Value();
   }
   ArgumentList(const ArgumentList&) = delete;
   ArgumentList& operator=(const ArgumentList&) = delete;
 
-  [[gnu::always_inline]] void add(Value value) noexcept { std::construct_at(end_++, std::move(value)); }
+  /// Adds what `make` returns, which is made where it stays.
+  template <std::invocable Make>
+  [[gnu::always_inline]] void add(const Make& make) {
+    new (end_) Value(make());
+    ++end_;
+  }
   [[gnu::always_inline]] std::span<const Value> values() const noexcept { return {begin_, end_}; }
 
  private:
-  static constexpr std::size_t few = 4;
-
-  alignas(Value) std::byte few_[few * sizeof(Value)];
-  std::unique_ptr<std::byte[]> more_;
-  Value* begin_ = reinterpret_cast<Value*>(few_);
-  Value* end_ = begin_;
+  Value* const begin_;
+  Value* end_;
 };
 
 }  // namespace velto

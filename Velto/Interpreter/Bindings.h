@@ -41,8 +41,7 @@ class Bindings {
   bool mayHave(std::size_t hash) const noexcept { return (filter_ & filterBit(hash)) != 0; }
   /// The value at `place` if this very name stands there. A look, and no search.
   [[gnu::always_inline]] const Value* findAt(std::uint32_t place, const String& name) const noexcept {
-    // As numbers, since there needn't be any memory for the place to lie in.
-    const auto address = reinterpret_cast<std::uintptr_t>(bindings_.data()) + place * sizeof(Binding);
+    const std::uintptr_t address = addressOf(place);
     if (address >= reinterpret_cast<std::uintptr_t>(end_)) return nullptr;
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the number was made of a pointer into the same array
     const auto* const binding = reinterpret_cast<const Binding*>(address);
@@ -60,6 +59,32 @@ class Bindings {
   /// False if the name is there already.
   [[gnu::always_inline]] bool add(const String& name, const Value& value) {
     return addAgain(name, value) || addAnew(name, value);
+  }
+  /// Adds names with these values to none, if those names stood here first before the last `clear`, as the parameters
+  /// of a function often did. Stops at the first one that didn't, and is false then. `bits` are what `bitsOf` says of
+  /// them.
+  template <std::invocable<std::size_t> NameAt>
+  [[gnu::always_inline]] bool addAllAgain(std::span<const Value> values, std::uint64_t bits, const NameAt& nameAt) {
+    if (bits == 0 || size() != 0 || addressOf(values.size()) > reinterpret_cast<std::uintptr_t>(endOfAll()))
+      return false;
+    filter_ = bits;  // for all of them at once, since it does no harm to ask for one that isn't there
+    for (std::size_t index = 0; index < values.size(); ++index) {
+      if (!end_->name.isSameAs(nameAt(index))) return false;
+      std::construct_at(&end_->value, values[index]);  // nothing is held there
+      ++end_;
+    }
+    return true;
+  }
+  /// The bits of the filter, if they tell that no two of the names are the same; else 0.
+  template <std::invocable<std::size_t> NameAt>
+  static std::uint64_t bitsOf(std::size_t count, const NameAt& nameAt) {
+    std::uint64_t bits = 0;
+    for (std::size_t index = 0; index < count; ++index) {
+      const std::uint64_t bit = filterBit(nameAt(index).hash());
+      if ((bits & bit) != 0) return 0;
+      bits |= bit;
+    }
+    return bits;
   }
   /// False if the name isn't there. Those behind it move up.
   bool remove(const String& name);
@@ -98,6 +123,10 @@ class Bindings {
   bool addAnew(const String& name, const Value& value);
   void append(const String& name, const Value& value);
   void removeAll() noexcept;
+  /// As a number, since there needn't be any memory for the place to lie in.
+  std::uintptr_t addressOf(std::size_t place) const noexcept {
+    return reinterpret_cast<std::uintptr_t>(bindings_.data()) + place * sizeof(Binding);
+  }
   static std::uint64_t filterBit(std::size_t hash) noexcept { return std::uint64_t{1} << (hash & 63); }
   const Binding* findBinding(const String& name, std::size_t hash) const {
     return table_.empty() ? findAmongFew(name, hash) : findInTable(name, hash);

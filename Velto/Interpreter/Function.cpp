@@ -16,10 +16,19 @@ Labels labelsOf(const FunctionDeclaration& declaration) {
   return labels;
 }
 
+std::uint64_t bitsOf(const std::vector<FunctionParameter>& parameters) {
+  return Bindings::bitsOf(parameters.size(), [&](std::size_t index) -> const String& {  //
+    return parameters[index].name.lexeme;
+  });
+}
+
 }  // namespace
 
 Function::Function(FunctionDeclaration declaration, Ref<Environment> closure)
-    : declaration_(std::move(declaration)), labels_(labelsOf(declaration_)), closure_(std::move(closure)) {
+    : declaration_(std::move(declaration)),
+      labels_(labelsOf(declaration_)),
+      parameterBits_(bitsOf(declaration_.parameters)),
+      closure_(std::move(closure)) {
   isDeclared_ = true;
 }
 

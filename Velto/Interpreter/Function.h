@@ -14,6 +14,8 @@ class Function final : public Callable {
   Function(FunctionDeclaration declaration, Ref<Environment> closure);
 
   const FunctionDeclaration& declaration() const noexcept { return declaration_; }
+  /// What `Bindings` has to know of the names of the parameters.
+  std::uint64_t parameterBits() const noexcept { return parameterBits_; }
   /// The scope in which the declaration ran.
   const Ref<Environment>& closure() const noexcept { return closure_; }
 
@@ -27,6 +29,7 @@ class Function final : public Callable {
  private:
   FunctionDeclaration declaration_;
   Labels labels_;
+  std::uint64_t parameterBits_;
   Ref<Environment> closure_;
 };
 

@@ -179,30 +179,39 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value element(const Subscript& node, const String& string);
 
   // InterpreterCalls.cpp: calls and function declarations
-  Value calleeOf(const Expression& callee);
+  const Function* findFunction(const Expression& callee) noexcept;
+  [[gnu::noinline]] Value callValue(const Call& node);
   Value callMember(const Call& node, const Member& member);
   Value callOther(const Call& node, const Callable& callee);
   const Callable& callableOf(const Call& node, const Value& callee);
   template <typename Callee>
   [[gnu::always_inline]] Value call(const Call& node, const Callee& callee);
+  template <typename Callee>
+  [[gnu::always_inline]] Value call(const Call& node, const Callee& callee, std::byte* memory);
+  [[gnu::noinline]] Value callWithMany(const Call& node, const Callable& callee);
   Value callWith(const Call& node, const Function& function, Arguments arguments);
   Value callWith(const Call& node, const Callable& callee, Arguments arguments);
   [[gnu::cold, gnu::noinline]] void tellOfCall(const Call& node, const Callable& callee,
                                                std::span<const Value> arguments);
-  Value evaluateArgument(const Call::Argument& argument, const Label& label);
   [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
   Value call(const Function& function, Arguments arguments);
   [[gnu::noinline]] Value callAtFirst(const Function& function, Arguments arguments);
   Value run(const Function& function, Arguments arguments);
-  void bind(const std::vector<FunctionParameter>& parameters, Arguments arguments);
+  void bind(const Function& function, Arguments arguments);
+  [[gnu::noinline]] void bindOthers(const std::vector<FunctionParameter>& parameters, Arguments arguments);
   Value executeBody(const Statements& body);
+  [[gnu::noinline]] bool returnsFrom(const Statements& branch, Value& result);
   Value takeReturnValue();
   void printDescription(const Value& value);
   void checkLabel(const Label& expected, const Call::Argument& argument);
 
   // InterpreterBranches.cpp: branches, loops and includes
-  bool evaluateCondition(const Expression& condition);
-  bool executeBranch(const IfBranch& branch);
+  const Statements* chooseBranch(const If& node);
+  [[gnu::noinline]] const Statements* chooseOtherBranch(const If& node);
+  [[gnu::noinline]] const Statements* chooseAnyBranch(const If& node);
+  [[gnu::noinline]] bool evaluateCondition(const Expression& condition);
+  bool evaluateAnyCondition(const Expression& condition);
+  bool compareAtOnce(const Expression& condition, bool& isMet) noexcept;
   bool executeLoopBody(const Statements& body);
   [[gnu::noinline]] bool takeLoopJumps();
   void iterate(const For& node, const Value& sequence);

@@ -13,24 +13,73 @@
 
 namespace velto {
 
-[[gnu::always_inline]] inline bool Interpreter::evaluateCondition(const Expression& condition) {
+/// Whether this compares two numbers that are found at once, as most conditions do: what comes of it is told without
+/// making a value.
+[[gnu::always_inline]] inline bool Interpreter::compareAtOnce(const Expression& condition, bool& isMet) noexcept {
+  if (condition.kind() != ExpressionKinds::of<Binary>) return false;
+  const auto& comparison = condition.record<Binary>();
+  const double* const left = findNumber(comparison.left);
+  const double* const right = left ? findNumber(comparison.right) : nullptr;
+  if (!right) return false;
+  switch (comparison.operator_.type) {
+    case TokenType::equal:
+      isMet = *left == *right;
+      return true;
+    case TokenType::notEqual:
+      isMet = *left != *right;
+      return true;
+    case TokenType::greater:
+      isMet = *left > *right;
+      return true;
+    case TokenType::greaterEqual:
+      isMet = *left >= *right;
+      return true;
+    case TokenType::less:
+      isMet = *left < *right;
+      return true;
+    case TokenType::lessEqual:
+      isMet = *left <= *right;
+      return true;
+    default:
+      return false;
+  }
+}
+
+[[gnu::always_inline]] inline bool Interpreter::evaluateAnyCondition(const Expression& condition) {
   const Value value = evaluate(condition);
   if (!value.boolean()) fail(condition.range(), "Condition must evaluate to a boolean value.");
   return *value.boolean();
 }
 
-[[gnu::always_inline]] inline bool Interpreter::executeBranch(const IfBranch& branch) {
-  if (branch.condition && !evaluateCondition(*branch.condition)) return false;
-  executeBlock(branch.statements);
-  return true;
+bool Interpreter::evaluateCondition(const Expression& condition) {
+  bool isMet = false;
+  return compareAtOnce(condition, isMet) ? isMet : evaluateAnyCondition(condition);
 }
 
 void Interpreter::visitIf(const If& node) {
-  if (executeBranch(node.mainBranch)) return;
+  if (const Statements* branch = chooseBranch(node)) executeBlock(*branch);
+}
+
+/// The statements that have to run, or null. Parts that aren't always needed stand apart: then this saves no registers.
+const Statements* Interpreter::chooseBranch(const If& node) {
+  bool isMet = false;
+  if (!node.mainBranch.condition || !compareAtOnce(*node.mainBranch.condition, isMet)) return chooseAnyBranch(node);
+  if (isMet) return &node.mainBranch.statements;
+  return node.elseIfBranches.empty() && !node.elseBranch ? nullptr : chooseOtherBranch(node);
+}
+
+const Statements* Interpreter::chooseAnyBranch(const If& node) {
+  const IfBranch& main = node.mainBranch;
+  return !main.condition || evaluateAnyCondition(*main.condition) ? &main.statements : chooseOtherBranch(node);
+}
+
+const Statements* Interpreter::chooseOtherBranch(const If& node) {
   for (const IfBranch& branch : node.elseIfBranches) {
-    if (executeBranch(branch)) return;
+    if (!branch.condition || evaluateCondition(*branch.condition)) return &branch.statements;
   }
-  if (node.elseBranch) executeBranch(*node.elseBranch);
+  if (!node.elseBranch) return nullptr;
+  const IfBranch& last = *node.elseBranch;
+  return !last.condition || evaluateCondition(*last.condition) ? &last.statements : nullptr;
 }
 
 /// Runs the body once, in the current scope, which it leaves as good as new; false when the loop has to end.

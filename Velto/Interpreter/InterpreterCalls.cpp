@@ -1,4 +1,6 @@
 // Calls, and the declaration of functions.
+#include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "Velto/Diagnostics/VeltoError.h"
@@ -16,27 +18,60 @@ Value Interpreter::takeReturnValue() {
   return std::exchange(returnValue_, Value::nil());
 }
 
-/// A `return` that stands in the body itself needs no token, which would be taken right here.
+/// A `return` that stands in the body itself, or in branches there, needs no token, which would be taken right here.
 [[gnu::always_inline]] inline Value Interpreter::executeBody(const Statements& body) {
-  if (guard_.isExhausted()) [[unlikely]]
-    failExhausted(body);
   for (const Statement& statement : body) {
     if (statement.kind() == StatementKinds::of<Return>) return valueOf(statement.record<Return>());
-    execute(statement);
+    if (statement.kind() == StatementKinds::of<If>) {
+      if (const Statements* branch = chooseBranch(statement.record<If>())) {
+        Value result;
+        if (returnsFrom(*branch, result)) return result;
+      }
+    } else {
+      execute(statement);
+    }
     if (jumps_.areAny()) return takeReturnValue();
   }
   return Value::nil();
 }
 
+/// Whether the branch returns; `result`, which is `nil` before, is what then.
+bool Interpreter::returnsFrom(const Statements& branch, Value& result) {
+  const ScopeGuard scope(*this);
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(branch);
+  for (const Statement& statement : branch) {
+    if (statement.kind() == StatementKinds::of<Return>) {
+      result = valueOf(statement.record<Return>());
+      return true;
+    }
+    if (statement.kind() == StatementKinds::of<If>) {
+      const Statements* const inner = chooseBranch(statement.record<If>());
+      if (inner && returnsFrom(*inner, result)) return true;
+    } else {
+      execute(statement);
+    }
+    if (jumps_.areAny()) {
+      result = takeReturnValue();
+      return true;
+    }
+  }
+  return false;
+}
+
+[[gnu::always_inline]] inline void Interpreter::bind(const Function& function, Arguments arguments) {
+  const std::vector<FunctionParameter>& parameters = function.declaration().parameters;
+  const auto nameAt = [&](std::size_t index) -> const String& { return parameters[index].name.lexeme; };
+  if (current().values.addAllAgain(arguments.values(), function.parameterBits(), nameAt)) return;
+  bindOthers(parameters, arguments);
+}
+
 /// A name that is there already is refused by `define`, which tells so.
-[[gnu::always_inline]] inline void Interpreter::bind(const std::vector<FunctionParameter>& parameters,
-                                                     Arguments arguments) {
+void Interpreter::bindOthers(const std::vector<FunctionParameter>& parameters, Arguments arguments) {
   Environment& scope = current();
-  auto argument = arguments.begin();
-  for (const FunctionParameter& parameter : parameters) {
-    if (argument == arguments.end()) break;
-    if (!scope.values.add(parameter.name.lexeme, *argument)) scope.define(parameter.name, *argument);
-    ++argument;
+  for (std::size_t index = scope.values.size(); index < std::min(parameters.size(), arguments.size()); ++index) {
+    const Token& name = parameters[index].name;
+    if (!scope.values.add(name.lexeme, arguments[index])) scope.define(name, arguments[index]);
   }
 }
 
@@ -44,7 +79,9 @@ Value Interpreter::takeReturnValue() {
 Value Interpreter::call(const Function& function, Arguments arguments) {
   if (depth_ == 0 && !isCalled_) [[unlikely]]
     return callAtFirst(function, arguments);
-  return run(function, arguments);
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(function.declaration().body);
+  return run(function, arguments.first(function.labels().size()));
 }
 
 /// A host calls, on whichever thread: that is where the stack is measured, and not in the calls inside.
@@ -62,24 +99,32 @@ Value Interpreter::callAtFirst(const Function& function, Arguments arguments) {
 [[gnu::always_inline]] inline Value Interpreter::run(const Function& function, Arguments arguments) {
   // The scope hangs on the declaring scope, not on the caller's.
   const ScopeGuard guard(*this, *function.closure());
-  bind(function.declaration().parameters, arguments);
+  bind(function, arguments);
   return executeBody(function.declaration().body);
 }
 
 Value Interpreter::valueOf(const Call& node) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);
+  if (const Function* function = findFunction(node.callee)) {
+    const Ref<const Function> held(function);  // the variable may get another value meanwhile
+    return call(node, *held);
+  }
   if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
-  const Value callee = calleeOf(node.callee);
-  const Callable& callable = callableOf(node, callee);
-  return callable.isDeclared() ? call(node, static_cast<const Function&>(callable)) : callOther(node, callable);
+  return callValue(node);
 }
 
-[[gnu::always_inline]] inline Value Interpreter::calleeOf(const Expression& callee) {
-  if (callee.kind() != ExpressionKinds::of<Variable>) return evaluateNode(callee);
-  const auto& variable = callee.record<Variable>();
-  const Value* const value = findAtOnce(variable);
-  return value ? *value : lookUp(variable);
+/// The program's own function that a variable has, if it is found at once; null for all else.
+[[gnu::always_inline]] inline const Function* Interpreter::findFunction(const Expression& callee) noexcept {
+  if (callee.kind() != ExpressionKinds::of<Variable>) return nullptr;
+  const Value* const value = findAtOnce(callee.record<Variable>());
+  const Callable* const callable = value ? value->callable() : nullptr;
+  return callable && callable->isDeclared() ? static_cast<const Function*>(callable) : nullptr;
+}
+
+Value Interpreter::callValue(const Call& node) {
+  const Value callee = evaluate(node.callee);
+  return callOther(node, callableOf(node, callee));
 }
 
 /// A form of a text comes without the function that the member is.
@@ -103,20 +148,30 @@ inline const Callable& Interpreter::callableOf(const Call& node, const Value& ca
   return *callable;
 }
 
-[[gnu::always_inline]] inline Value Interpreter::evaluateArgument(const Call::Argument& argument, const Label& label) {
-  Value value = evaluate(argument.value);
-  if (label || argument.label) checkLabel(label, argument);
-  return value;
+template <typename Callee>
+inline Value Interpreter::call(const Call& node, const Callee& callee) {
+  const std::size_t count = callee.labels().size();
+  if (node.arguments.size() != count) [[unlikely]]
+    failArgumentCount(node, callee);
+  if (count > ArgumentList::few) [[unlikely]]
+    return callWithMany(node, callee);
+  alignas(Value) std::byte memory[ArgumentList::few * sizeof(Value)];
+  return call(node, callee, memory);
+}
+
+Value Interpreter::callWithMany(const Call& node, const Callable& callee) {
+  const std::unique_ptr<std::byte[]> memory(new std::byte[node.arguments.size() * sizeof(Value)]);
+  return call(node, callee, memory.get());
 }
 
 template <typename Callee>
-inline Value Interpreter::call(const Call& node, const Callee& callee) {
-  const std::span<const Label> labels = callee.labels();
-  if (labels.size() != node.arguments.size()) [[unlikely]]
-    failArgumentCount(node, callee);
-  ArgumentList arguments(labels.size());
-  for (std::size_t index = 0; index < labels.size(); ++index) {
-    arguments.add(evaluateArgument(node.arguments[index], labels[index]));
+inline Value Interpreter::call(const Call& node, const Callee& callee, std::byte* memory) {
+  ArgumentList arguments(memory);
+  const Label* label = callee.labels().data();
+  for (const Call::Argument& argument : node.arguments) {
+    arguments.add([&] { return evaluate(argument.value); });
+    if (*label || argument.label) checkLabel(*label, argument);
+    ++label;
   }
   try {
     return callWith(node, callee, arguments.values());

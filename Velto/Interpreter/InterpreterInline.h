@@ -69,7 +69,11 @@ namespace velto {
 }
 
 [[gnu::always_inline]] inline Value Interpreter::valueOf(const Return& node) {
-  return node.value ? evaluate(*node.value) : Value::nil();
+  if (!node.value) return Value::nil();
+  if (node.value->kind() == ExpressionKinds::of<Variable>) {
+    if (const Value* variable = findAtOnce(node.value->record<Variable>())) return *variable;
+  }
+  return evaluate(*node.value);
 }
 
 /// Null for a variable that can't be read, and where it takes more than a few looks: nothing is called, so that whoever

@@ -20,10 +20,6 @@ Value Interpreter::valueOf(const Grouping& node) {
 
 [[gnu::always_inline]] inline Value Interpreter::calculate(const Token& operator_, double left, double right) {
   switch (operator_.type) {
-    case TokenType::equal:
-      return left == right;
-    case TokenType::notEqual:
-      return left != right;
     case TokenType::minus:
       return left - right;
     case TokenType::plus:
@@ -32,6 +28,10 @@ Value Interpreter::valueOf(const Grouping& node) {
       return left / right;
     case TokenType::star:
       return left * right;
+    case TokenType::equal:
+      return left == right;
+    case TokenType::notEqual:
+      return left != right;
     case TokenType::greater:
       return left > right;
     case TokenType::greaterEqual:
@@ -58,11 +58,11 @@ Value Interpreter::combine(const Binary& node) {
   const Value left = evaluate(node.left);
   const Value right = evaluate(node.right);
   const Token& operator_ = node.operator_;
+  if (left.number() && right.number()) return calculate(operator_, *left.number(), *right.number());
   const bool isEquality = operator_.type == TokenType::equal || operator_.type == TokenType::notEqual;
   if (isEquality && left.string() && right.string()) {
     return (*left.string() == *right.string()) == (operator_.type == TokenType::equal);
   }
-  if (left.number() && right.number()) return calculate(operator_, *left.number(), *right.number());
   if (operator_.type == TokenType::equal) return areSame(left, right, operator_.range);
   if (operator_.type == TokenType::notEqual) return !areSame(left, right, operator_.range);
   fail(operator_.range, "Operands must be numbers.");

@@ -1,6 +1,7 @@
 // Every function value.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <span>
@@ -25,6 +26,9 @@ class Arguments {
   Arguments(std::initializer_list<Value> values) noexcept : values_(values.begin(), values.size()) {}
 
   std::size_t size() const noexcept { return values_.size(); }
+  std::span<const Value> values() const noexcept { return values_; }
+  /// That many, or all.
+  Arguments first(std::size_t count) const noexcept { return values_.first(std::min(count, size())); }
   auto begin() const noexcept { return values_.begin(); }
   auto end() const noexcept { return values_.end(); }
 

@@ -61,7 +61,10 @@ inline const Counted* Value::held() const noexcept {
 
 template <typename T>
 T* Value::as(Tag tag) const noexcept {
-  return tag_ == tag ? static_cast<T*>(shared_.get()) : nullptr;
+  if (tag_ != tag) return nullptr;
+  T* const object = static_cast<T*>(shared_.get());
+  if (!object) __builtin_unreachable();  // an empty `Ref` makes `nil`: who has the tag needs no second question
+  return object;
 }
 
 }  // namespace velto

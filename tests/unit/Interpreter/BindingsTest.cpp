@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cstddef>
 #include <vector>
 
 #include "Velto/Value/Object.h"
@@ -146,6 +148,108 @@ TEST(Bindings, TellNamesApartThatTheFilterTakesForOne) {
     EXPECT_EQ(*names.find(second), Value(2));
     names.clear();
   }
+}
+
+/// Names that are added together.
+class NamesTogether : public testing::Test {
+ protected:
+  static auto nameOf(const std::vector<String>& names) {
+    return [&names](std::size_t index) -> const String& { return names[index]; };
+  }
+  bool add(const std::vector<String>& names, const std::vector<Value>& values) {
+    return bindings.addAllAgain(values, Bindings::bitsOf(names.size(), nameOf(names)), nameOf(names));
+  }
+  void defineAndClear(const std::vector<String>& names) {
+    for (const String& name : names) bindings.set(name, "before");
+    bindings.clear();
+  }
+
+  /// The hash is drawn for each process: any of these may share a bit of the filter, but not all three with all others.
+  static std::vector<String> threeApart() {
+    std::vector<String> names;
+    for (Int number = 0; names.size() < 3; ++number) {
+      names.push_back(decimal(number));
+      if (Bindings::bitsOf(names.size(), nameOf(names)) == 0) names.pop_back();
+    }
+    return names;
+  }
+
+  const std::vector<String> names = threeApart();
+  const std::vector<Value> values{1, "two", 3};
+  Bindings bindings;
+};
+
+TEST_F(NamesTogether, AreAddedWhereTheyStoodBefore) {
+  EXPECT_FALSE(add(names, values));
+  EXPECT_EQ(bindings.size(), 0u);
+  defineAndClear(names);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_TRUE(add(names, values));
+    ASSERT_EQ(bindings.size(), 3u);
+    for (std::size_t index = 0; index < 3; ++index) {
+      EXPECT_EQ(*bindings.find(names[index]), values[index]);
+      EXPECT_FALSE(bindings.add(names[index], nullptr));
+    }
+    EXPECT_EQ(bindings.find("another"), nullptr);
+    bindings.clear();
+    EXPECT_EQ(bindings.find(names[0]), nullptr);
+  }
+}
+
+TEST_F(NamesTogether, AreAddedUpToTheFirstOtherName) {
+  for (std::size_t other = 0; other < 3; ++other) {
+    std::vector<String> before = names;
+    before[other] = "another";
+    defineAndClear(before);
+    EXPECT_FALSE(add(names, values));
+    ASSERT_EQ(bindings.size(), other);
+    for (std::size_t index = 0; index < 3; ++index) {
+      EXPECT_EQ(bindings.contains(names[index]), index < other);
+      EXPECT_EQ(bindings.add(names[index], values[index]), index >= other);
+    }
+    for (std::size_t index = 0; index < 3; ++index) EXPECT_EQ(*bindings.find(names[index]), values[index]);
+    EXPECT_EQ(bindings.find("another"), nullptr);
+    bindings.clear();
+  }
+}
+
+TEST_F(NamesTogether, MayBeMoreThanTheValues) {
+  defineAndClear(names);
+  for (std::size_t count = 0; count <= 3; ++count) {
+    EXPECT_TRUE(add(names, {values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count)}));
+    EXPECT_EQ(bindings.size(), count);
+    for (std::size_t index = 0; index < 3; ++index) EXPECT_EQ(bindings.contains(names[index]), index < count);
+    bindings.clear();
+  }
+}
+
+TEST_F(NamesTogether, AreAddedToNoOthers) {
+  defineAndClear(names);
+  bindings.set(names[0], "before");
+  EXPECT_FALSE(add(names, values));
+  EXPECT_EQ(bindings.size(), 1u);
+  EXPECT_EQ(*bindings.find(names[0]), Value("before"));
+}
+
+TEST_F(NamesTogether, AreAddedOnlyWhereAsManyStood) {
+  defineAndClear({names[0], names[1]});
+  EXPECT_FALSE(add(names, values));
+  EXPECT_EQ(bindings.size(), 0u);
+  EXPECT_TRUE(add({names[0], names[1]}, {1, 2}));
+  EXPECT_EQ(bindings.size(), 2u);
+}
+
+TEST_F(NamesTogether, AreOtherNamesByTheirBits) {
+  EXPECT_EQ(Bindings::bitsOf(0, nameOf(names)), 0u);
+  EXPECT_EQ(std::popcount(Bindings::bitsOf(3, nameOf(names))), 3);
+  std::vector<String> same{names[0], names[1], names[0]};
+  EXPECT_EQ(Bindings::bitsOf(3, nameOf(same)), 0u);
+  bindings.set(names[0], 1);
+  bindings.set(names[1], 2);
+  bindings.set("another", 3);
+  bindings.clear();
+  EXPECT_FALSE(add(same, values));
+  EXPECT_EQ(bindings.size(), 0u);
 }
 
 TEST(Bindings, AreClearedAtOnceIfNothingGoesWithThem) {

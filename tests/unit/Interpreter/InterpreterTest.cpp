@@ -316,6 +316,44 @@ TEST_F(InterpreterTest, CallsFunctionsWhileTwoParametersOfOneNameAreReported) {
   EXPECT_EQ(busy.stack().size(), 1u);
 }
 
+/// Each call but the first finds its names where they stood, unless they share a bit of the filter, as some of these
+/// do.
+TEST_F(InterpreterTest, NamesItsParametersWhateverTheirNamesAre) {
+  std::string program;
+  for (int number = 0; number < 100; ++number) {
+    const std::string other = "n" + std::to_string(number);
+    const std::string name = "f" + std::to_string(number);
+    program += "func " + name + "(_ n, _ " + other + "x, _ " + other + ") return \"\\(n)\\(" + other + "x)\\(" + other +
+               ")\" end\n";
+    program += "for i in 0..<3 print(" + name + "(i, \"a\", true)) end\n";
+  }
+  interpret(program);
+  FileSystem::flush();
+  std::string expected;
+  for (int number = 0; number < 100; ++number) expected += "0atrue1atrue2atrue";
+  EXPECT_EQ(host.output(), expected);
+  EXPECT_THAT(host.messages(), testing::IsEmpty());
+}
+
+TEST_F(InterpreterTest, CallsAFunctionWithFewerOrMoreArgumentsThanParameters) {
+  interpret(
+      "func none() return 0 end func one(_ a) return a end var b = \"b\" func two(_ a, _ b) return \"\\(a)\\(b)\" end");
+  const ReportError reportError([](const String& message) { throw std::runtime_error(std::string(message)); });
+  const auto call = [&](const char* name, const std::vector<Value>& arguments) {
+    return interpreter.globals().find(name)->callable()->call(interpreter, arguments, reportError);
+  };
+  for (int round = 0; round < 3; ++round) {
+    for (const std::vector<Value>& arguments : std::vector<std::vector<Value>>{{}, {1}, {1, "2"}, {1, "2", 3}}) {
+      EXPECT_EQ(call("none", arguments), Value(0));
+      if (!arguments.empty()) {
+        EXPECT_EQ(call("one", arguments), Value(1));
+        EXPECT_EQ(call("two", arguments), Value(arguments.size() == 1 ? "1b" : "12"));
+      }
+    }
+  }
+  EXPECT_EQ(interpreter.stack().size(), 1u);
+}
+
 TEST_F(InterpreterTest, ReportsNothingToTheLoggerOfAScopeThatHasLeft) {
   const auto other = std::make_shared<ArrayLogger>();
   interpreter.pushEnvironment(makeRef<Environment>(other));
