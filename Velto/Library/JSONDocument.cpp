@@ -45,7 +45,6 @@ const char* findQuoteOrBackslash(const char* text) noexcept {
   return text;
 }
 
-/// Reads a document whose top level is an array or an object.
 class DocumentReader {
  public:
   DocumentReader(std::string document, TextPool& texts) : tokens_(std::move(document)), keys_(texts) {}
@@ -66,8 +65,14 @@ class DocumentReader {
         return readObject();
       case '"':
         return readText();
+      case 't':
+        return readWord("true", true);
+      case 'f':
+        return readWord("false", false);
+      case 'n':
+        return readWord("null", nullptr);
       default:
-        return readWord(withoutSpaceAtEnd(tokens_.bytes(token_++)));
+        return readNumber();
     }
   }
 
@@ -131,16 +136,15 @@ class DocumentReader {
     return std::string_view(begin, static_cast<std::size_t>(end - begin));
   }
 
-  bool readWord(std::string_view word) {
-    if (const std::optional<double> number = parseJSONNumber(word)) {
-      parts_.emplace_back(*number);
-    } else if (word == "true" || word == "false") {
-      parts_.emplace_back(word == "true");
-    } else {
-      parts_.emplace_back();
-      return word == "null";
-    }
-    return true;
+  bool readWord(std::string_view word, Value value) {
+    parts_.push_back(std::move(value));
+    return withoutSpaceAtEnd(tokens_.bytes(token_++)) == word;
+  }
+
+  bool readNumber() {
+    const std::optional<double> number = parseJSONNumber(withoutSpaceAtEnd(tokens_.bytes(token_++)));
+    parts_.emplace_back(number.value_or(0));
+    return number.has_value();
   }
 
   bool take(char first) noexcept {
@@ -167,23 +171,11 @@ class DocumentReader {
   StackGuard stack_;
 };
 
-bool isContainer(const std::string& document) {
-  const std::size_t first = document.find_first_not_of(whitespace);
-  return first != document.npos && (document[first] == '[' || document[first] == '{');
-}
-
-std::optional<Value> parseContainer(std::string document, TextPool& texts) {
-  return DocumentReader(std::move(document), texts).read();
-}
-
 }  // namespace
 
 std::optional<Value> parseJSON(std::string document, TextPool& texts) {
   if (document.starts_with(byteOrderMark)) document.erase(0, byteOrderMark.size());
-  if (isContainer(document)) return parseContainer(std::move(document), texts);
-  const std::optional<Value> wrapped = parseContainer("[" + document + "]", texts);
-  if (!wrapped || wrapped->array()->size() != 1) return std::nullopt;
-  return wrapped->array()->elements().front();
+  return DocumentReader(std::move(document), texts).read();
 }
 
 std::optional<Value> parseJSON(std::string document) {

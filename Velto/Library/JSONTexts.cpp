@@ -8,12 +8,20 @@
 #include "Velto/Platform/Wrapping.h"
 
 namespace velto {
+namespace {
+
+/// The same as `==`, which the standard library leaves to a function that also tells which one is the smaller.
+bool isSame(std::string_view left, std::string_view right) noexcept {
+  return left.size() == right.size() && std::memcmp(left.data(), right.data(), left.size()) == 0;
+}
+
+}  // namespace
 
 const String* JSONKeys::takeExpected(std::string_view rest) {
   Key* const expected = last_ ? last_->next : nullptr;
   if (!expected || !expected->isPlain) return nullptr;
   const std::string_view text = expected->text;
-  const bool isThere = text.size() < rest.size() && rest[text.size()] == '"' && rest.starts_with(text);
+  const bool isThere = text.size() < rest.size() && rest[text.size()] == '"' && isSame(rest.substr(0, text.size()), text);
   return isThere ? &takeAgain(*expected) : nullptr;
 }
 
@@ -43,7 +51,7 @@ String JSONRecentTexts::shared(std::string_view text) {
   constexpr std::size_t longest = 32;
   if (text.size() > longest) return String::fromWellFormed(text);
   String& recent = texts_[slotOf(text)];
-  if (recent.view() != text) recent = String::fromWellFormed(text);
+  if (!isSame(recent.view(), text)) recent = String::fromWellFormed(text);
   return recent;
 }
 
