@@ -21,7 +21,8 @@ const String* JSONKeys::takeExpected(std::string_view rest) {
   Key* const expected = last_ ? last_->next : nullptr;
   if (!expected || !expected->isPlain) return nullptr;
   const std::string_view text = expected->text;
-  const bool isThere = text.size() < rest.size() && rest[text.size()] == '"' && isSame(rest.substr(0, text.size()), text);
+  const bool isThere =
+      text.size() < rest.size() && rest[text.size()] == '"' && isSame(rest.substr(0, text.size()), text);
   return isThere ? &takeAgain(*expected) : nullptr;
 }
 
