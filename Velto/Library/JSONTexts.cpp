@@ -1,6 +1,7 @@
 // The keys and texts of a JSON document.
 #include "Velto/Library/JSONTexts.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -12,7 +13,7 @@ namespace {
 
 /// The same as `==`, which the standard library leaves to a function that also tells which one is the smaller.
 bool isSame(std::string_view left, std::string_view right) noexcept {
-  return left.size() == right.size() && std::memcmp(left.data(), right.data(), left.size()) == 0;
+  return std::equal(left.begin(), left.end(), right.begin(), right.end());
 }
 
 }  // namespace
