@@ -3,9 +3,8 @@
 
 #include <concepts>
 #include <cstddef>
-#include <memory>
+#include <new>
 #include <span>
-#include <utility>
 
 #include "Velto/Value/Value.h"
 

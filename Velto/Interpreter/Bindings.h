@@ -70,7 +70,7 @@ class Bindings {
     filter_ = bits;  // for all of them at once, since it does no harm to ask for one that isn't there
     for (std::size_t index = 0; index < values.size(); ++index) {
       if (!end_->name.isSameAs(nameAt(index))) return false;
-      std::construct_at(&end_->value, values[index]);  // nothing is held there
+      new (&end_->value) Value(values[index]);  // nothing is held there
       ++end_;
     }
     return true;

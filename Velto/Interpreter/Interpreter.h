@@ -179,17 +179,19 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value element(const Subscript& node, const String& string);
 
   // InterpreterCalls.cpp: calls and function declarations
-  const Function* findFunction(const Expression& callee) noexcept;
-  [[gnu::noinline]] Value callValue(const Call& node);
+  const Callable* findCallable(const Expression& callee) noexcept;
+  [[gnu::noinline]] Ref<const Callable> evaluateCallee(const Call& node);
   Value callMember(const Call& node, const Member& member);
-  Value callOther(const Call& node, const Callable& callee);
+  [[gnu::noinline]] Value callOther(const Call& node, const Callable& callee);
   const Callable& callableOf(const Call& node, const Value& callee);
   template <typename Callee>
   [[gnu::always_inline]] Value call(const Call& node, const Callee& callee);
   template <typename Callee>
-  [[gnu::always_inline]] Value call(const Call& node, const Callee& callee, std::byte* memory);
-  [[gnu::noinline]] Value callWithMany(const Call& node, const Callable& callee);
-  Value callWith(const Call& node, const Function& function, Arguments arguments);
+  [[gnu::noinline]] Value callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels);
+  template <typename Callee>
+  [[gnu::always_inline]] Value call(const Call& node, const Callee& callee, std::span<const Label> labels,
+                                    std::byte* memory);
+  [[gnu::always_inline]] Value callWith(const Call& node, const Function& function, Arguments arguments);
   Value callWith(const Call& node, const Callable& callee, Arguments arguments);
   [[gnu::cold, gnu::noinline]] void tellOfCall(const Call& node, const Callable& callee,
                                                std::span<const Value> arguments);

@@ -62,8 +62,8 @@ bool Interpreter::returnsFrom(const Statements& branch, Value& result) {
 [[gnu::always_inline]] inline void Interpreter::bind(const Function& function, Arguments arguments) {
   const std::vector<FunctionParameter>& parameters = function.declaration().parameters;
   const auto nameAt = [&](std::size_t index) -> const String& { return parameters[index].name.lexeme; };
-  if (current().values.addAllAgain(arguments.values(), function.parameterBits(), nameAt)) return;
-  bindOthers(parameters, arguments);
+  const bool areBound = current().values.addAllAgain(arguments.values(), function.parameterBits(), nameAt);
+  if (!areBound && arguments.size() != 0) bindOthers(parameters, arguments);
 }
 
 /// A name that is there already is refused by `define`, which tells so.
@@ -106,25 +106,25 @@ Value Interpreter::callAtFirst(const Function& function, Arguments arguments) {
 Value Interpreter::valueOf(const Call& node) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);
-  if (const Function* function = findFunction(node.callee)) {
-    const Ref<const Function> held(function);  // the variable may get another value meanwhile
-    return call(node, *held);
+  const Callable* const found = findCallable(node.callee);
+  if (!found && node.callee.kind() == ExpressionKinds::of<Member>) {
+    return callMember(node, node.callee.record<Member>());
   }
-  if (node.callee.kind() == ExpressionKinds::of<Member>) return callMember(node, node.callee.record<Member>());
-  return callValue(node);
+  // Held, since the variable may get another value meanwhile.
+  const Ref<const Callable> callee = found ? Ref<const Callable>(found) : evaluateCallee(node);
+  return callee->isDeclared() ? call(node, static_cast<const Function&>(*callee)) : callOther(node, *callee);
 }
 
-/// The program's own function that a variable has, if it is found at once; null for all else.
-[[gnu::always_inline]] inline const Function* Interpreter::findFunction(const Expression& callee) noexcept {
+/// Null for what isn't found at once.
+[[gnu::always_inline]] inline const Callable* Interpreter::findCallable(const Expression& callee) noexcept {
   if (callee.kind() != ExpressionKinds::of<Variable>) return nullptr;
   const Value* const value = findAtOnce(callee.record<Variable>());
-  const Callable* const callable = value ? value->callable() : nullptr;
-  return callable && callable->isDeclared() ? static_cast<const Function*>(callable) : nullptr;
+  return value ? value->callable() : nullptr;
 }
 
-Value Interpreter::callValue(const Call& node) {
+Ref<const Callable> Interpreter::evaluateCallee(const Call& node) {
   const Value callee = evaluate(node.callee);
-  return callOther(node, callableOf(node, callee));
+  return Ref<const Callable>(&callableOf(node, callee));
 }
 
 /// A form of a text comes without the function that the member is.
@@ -138,7 +138,7 @@ Value Interpreter::callMember(const Call& node, const Member& member) {
 }
 
 /// Any callable, and apart, so that calls of the program's own functions by their names stay lean.
-[[gnu::noinline]] Value Interpreter::callOther(const Call& node, const Callable& callee) {
+Value Interpreter::callOther(const Call& node, const Callable& callee) {
   return call(node, callee);
 }
 
@@ -150,26 +150,28 @@ inline const Callable& Interpreter::callableOf(const Call& node, const Value& ca
 
 template <typename Callee>
 inline Value Interpreter::call(const Call& node, const Callee& callee) {
-  const std::size_t count = callee.labels().size();
-  if (node.arguments.size() != count) [[unlikely]]
+  const std::span<const Label> labels = callee.labels();
+  if (labels.size() != node.arguments.size()) [[unlikely]]
     failArgumentCount(node, callee);
-  if (count > ArgumentList::few) [[unlikely]]
-    return callWithMany(node, callee);
+  if (labels.size() > ArgumentList::few) [[unlikely]]
+    return callWithMany(node, callee, labels);
   alignas(Value) std::byte memory[ArgumentList::few * sizeof(Value)];
-  return call(node, callee, memory);
-}
-
-Value Interpreter::callWithMany(const Call& node, const Callable& callee) {
-  const std::unique_ptr<std::byte[]> memory(new std::byte[node.arguments.size() * sizeof(Value)]);
-  return call(node, callee, memory.get());
+  return call(node, callee, labels, memory);
 }
 
 template <typename Callee>
-inline Value Interpreter::call(const Call& node, const Callee& callee, std::byte* memory) {
+Value Interpreter::callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels) {
+  const std::unique_ptr<std::byte[]> memory(new std::byte[labels.size() * sizeof(Value)]);
+  return call(node, callee, labels, memory.get());
+}
+
+template <typename Callee>
+inline Value Interpreter::call(const Call& node, const Callee& callee, std::span<const Label> labels,
+                               std::byte* memory) {
   ArgumentList arguments(memory);
-  const Label* label = callee.labels().data();
+  const Label* label = labels.data();
   for (const Call::Argument& argument : node.arguments) {
-    arguments.add([&] { return evaluate(argument.value); });
+    arguments.add([&]() __attribute__((always_inline)) { return evaluate(argument.value); });
     if (*label || argument.label) checkLabel(*label, argument);
     ++label;
   }
