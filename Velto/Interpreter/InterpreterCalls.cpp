@@ -75,7 +75,7 @@ void Interpreter::bindOthers(const std::vector<FunctionParameter>& parameters, A
   }
 }
 
-/// For what isn't a call of the program itself: callbacks of native functions, and hosts.
+/// For what isn't a call of a function by its name: callbacks of native functions, members, and hosts.
 Value Interpreter::call(const Function& function, Arguments arguments) {
   if (depth_ == 0 && !isCalled_) [[unlikely]]
     return callAtFirst(function, arguments);
@@ -96,6 +96,7 @@ Value Interpreter::callAtFirst(const Function& function, Arguments arguments) {
   return call(function, arguments);
 }
 
+/// In the frame of the caller, who has asked whether the stack is exhausted.
 [[gnu::always_inline]] inline Value Interpreter::run(const Function& function, Arguments arguments) {
   // The scope hangs on the declaring scope, not on the caller's.
   const ScopeGuard guard(*this, *function.closure());

@@ -66,11 +66,9 @@ class DocumentReader {
       case '"':
         return readText();
       case 't':
-        return readWord("true", true);
       case 'f':
-        return readWord("false", false);
       case 'n':
-        return readWord("null", nullptr);
+        return readWord();
       default:
         return readNumber();
     }
@@ -136,9 +134,14 @@ class DocumentReader {
     return std::string_view(begin, static_cast<std::size_t>(end - begin));
   }
 
-  bool readWord(std::string_view word, Value value) {
-    parts_.push_back(std::move(value));
-    return withoutSpaceAtEnd(tokens_.bytes(token_++)) == word;
+  bool readWord() {
+    const std::string_view word = withoutSpaceAtEnd(tokens_.bytes(token_++));
+    if (word == "true" || word == "false") {
+      parts_.emplace_back(word == "true");
+      return true;
+    }
+    parts_.emplace_back();
+    return word == "null";
   }
 
   bool readNumber() {
