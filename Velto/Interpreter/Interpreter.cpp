@@ -118,8 +118,8 @@ Url Interpreter::resolve(const String& path) const {
   return baseURL_ ? baseURL_->appendingPathComponent(path) : Url(path);
 }
 
-/// What a visit would leave in `lastResult_`, without the visit where the kind is one of the language's. Whoever calls
-/// has looked variables up already.
+/// What a visit would leave in `lastResult_`, without the visit where the kind is one of the language's. For those that
+/// `evaluate` leaves to it.
 Value Interpreter::evaluateNode(const Expression& expression) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(expression.range());
@@ -128,16 +128,10 @@ Value Interpreter::evaluateNode(const Expression& expression) {
       return valueOf(expression.record<ArrayLiteral>());
     case ExpressionKinds::of<Assignment>:
       return valueOf(expression.record<Assignment>());
-    case ExpressionKinds::of<Binary>:
-      return valueOf(expression.record<Binary>());
-    case ExpressionKinds::of<Call>:
-      return valueOf(expression.record<Call>());
     case ExpressionKinds::of<DictionaryLiteral>:
       return valueOf(expression.record<DictionaryLiteral>());
     case ExpressionKinds::of<Grouping>:
       return valueOf(expression.record<Grouping>());
-    case ExpressionKinds::of<Literal>:
-      return valueOf(expression.record<Literal>());
     case ExpressionKinds::of<Logical>:
       return valueOf(expression.record<Logical>());
     case ExpressionKinds::of<Member>:
@@ -148,8 +142,6 @@ Value Interpreter::evaluateNode(const Expression& expression) {
       return valueOf(expression.record<TypeCheck>());
     case ExpressionKinds::of<StringExpression>:
       return valueOf(expression.record<StringExpression>());
-    case ExpressionKinds::of<Subscript>:
-      return valueOf(expression.record<Subscript>());
     case ExpressionKinds::of<Unary>:
       return valueOf(expression.record<Unary>());
     default:

@@ -62,8 +62,8 @@ bool Interpreter::returnsFrom(const Statements& branch, Value& result) {
 [[gnu::always_inline]] inline void Interpreter::bind(const Function& function, Arguments arguments) {
   const std::vector<FunctionParameter>& parameters = function.declaration().parameters;
   const auto nameAt = [&](std::size_t index) -> const String& { return parameters[index].name.lexeme; };
-  const bool areBound = current().values.addAllAgain(arguments.values(), function.parameterBits(), nameAt);
-  if (!areBound && arguments.size() != 0) bindOthers(parameters, arguments);
+  if (current().values.addAllAgain(arguments.values(), function.parameterBits(), nameAt)) return;
+  bindOthers(parameters, arguments);
 }
 
 /// A name that is there already is refused by `define`, which tells so.

@@ -8,6 +8,7 @@
 #include <functional>
 #include <limits>
 #include <new>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -650,6 +651,40 @@ TEST_F(InterpreterTest, CallsAHostFunctionWithItsArguments) {
   EXPECT_EQ(host.output(), "3");
 }
 
+/// Takes more arguments than stand on the stack, all of them labelled but the last.
+class SixParameters final : public Callable {
+ public:
+  String name() const override { return "six"; }
+  std::span<const Label> labels() const noexcept override { return labels_; }
+  Value call(Interpreter&, Arguments arguments, const ReportError& reportError) const override {
+    std::string text;
+    for (const Value& argument : arguments) text += std::string(argument.description());
+    if (text.find("nil") != text.npos) reportError("Nothing is nothing.");
+    return String(text);
+  }
+
+ private:
+  Labels labels_{String("a"), String("b"), String("c"), String("d"), String("e"), std::nullopt};
+};
+
+TEST_F(InterpreterTest, CallsAHostFunctionWithManyArguments) {
+  interpreter.globals().define("six", makeRef<SixParameters>());
+  interpret("print(six(a: 1, b: 2, c: 3, d: 4, e: [5], \"6\"))");
+  interpret("six(a: 1, b: 2, c: 3, d: 4, f: 5, 6)");
+  interpret("six(a: 1, b: 2, c: 3, d: 4, e: 5, e: 6)");
+  interpret("six(a: 1, b: 2, c: 3, d: 4, e: 5)");
+  interpret("six(a: 1, b: 2, c: 3, d: 4, e: 5, nil)");
+  interpret("six(a: 1, b: 2, c: 3, d: 4, e: missing, nil)");
+  FileSystem::flush();
+  EXPECT_EQ(host.output(), "1234[5]6");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:29...1:30: error: Expected argument label 'e'.",
+                                           "main:1:35...1:36: error: Expected argument label ''.",
+                                           "main:1:4...1:5: error: Expected 6 arguments but got 5.",
+                                           "main:1:4...1:5: error: Nothing is nothing.",
+                                           "main:1:1...1:39: info: six(a: 1, b: 2, c: 3, d: 4, e: 5, nil) called here",
+                                           "main:1:32...1:39: error: Undefined variable 'missing'."));
+}
+
 TEST_F(InterpreterTest, LetsAHostCallAFunctionOfTheProgram) {
   interpret("func twice(_ x) return x * 2 end");
   const std::optional<Value> twice = interpreter.globals().get("twice");
@@ -706,6 +741,39 @@ TEST_F(InterpreterTest, ReportsExhaustionOnEveryRoadBackToItself) {
     EXPECT_EQ(host.logger->messages.front().message, "Stack exhausted.") << program;
     EXPECT_TRUE(another.hadError);
     EXPECT_EQ(another.stack().size(), 1u);
+  }
+}
+
+/// Calls `work` with that many bytes of the stack gone.
+[[gnu::noinline]] void below(std::size_t bytes, const std::function<void()>& work) {
+  auto* const gone = static_cast<volatile char*>(__builtin_alloca(bytes + 1));
+  gone[bytes] = 0;
+  work();
+}
+
+/// Wherever between two calls the stack ends, that is told at what was to run then.
+TEST_F(InterpreterTest, ReportsExhaustionAtTheBranchThatCantRun) {
+  const std::vector<std::pair<std::string, std::vector<std::string>>> bodies = {
+      {"if 1 < 2 return f() end", {"return f()", "f()"}},
+      {"if 1 < 2 end return f()", {"f()"}},
+      {"if 1 < 2 if 2 < 3 return f() end end", {"if 2 < 3", "return f()", "f()"}},
+      {"g(1, 2, 3, 4, 5) end func g(_ a, _ b, _ c, _ d, _ e) return g(1, 2, 3, 4, 5)", {"g(1, 2, 3, 4, 5)"}}};
+  for (const auto& [body, places] : bodies) {
+    std::set<Int> expected;
+    for (const std::string& place : places) expected.insert(static_cast<Int>(body.rfind(place)) + 11);
+    const Statements program = parsed("func f()  " + body + " end f()");
+    std::set<Int> told;
+    test::onStack(test::smallStack, [&] {
+      for (std::size_t gone = 0; gone < 16'384 && told != expected; gone += 64) {
+        host.logger->messages.clear();
+        Interpreter another(Url("base"), host.logger, host.files);
+        below(gone, [&] { another.interpret(program); });
+        ASSERT_FALSE(host.logger->messages.empty()) << body;
+        ASSERT_EQ(host.logger->messages.front().message, "Stack exhausted.") << body;
+        told.insert(host.logger->messages.front().range().startColumn);
+      }
+    });
+    EXPECT_EQ(told, expected) << body;
   }
 }
 
