@@ -172,6 +172,7 @@ inline Value Interpreter::call(const Call& node, const Callee& callee, std::span
   ArgumentList arguments(memory);
   const Label* label = labels.data();
   for (const Call::Argument& argument : node.arguments) {
+    // Inline, as the compiler would leave a function of its own between the call and each of its arguments.
     arguments.add([&]() __attribute__((always_inline)) { return evaluate(argument.value); });
     if (*label || argument.label) checkLabel(*label, argument);
     ++label;

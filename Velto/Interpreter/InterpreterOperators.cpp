@@ -20,6 +20,10 @@ Value Interpreter::valueOf(const Grouping& node) {
 
 [[gnu::always_inline]] inline Value Interpreter::calculate(const Token& operator_, double left, double right) {
   switch (operator_.type) {
+    case TokenType::equal:
+      return left == right;
+    case TokenType::notEqual:
+      return left != right;
     case TokenType::minus:
       return left - right;
     case TokenType::plus:
@@ -28,10 +32,6 @@ Value Interpreter::valueOf(const Grouping& node) {
       return left / right;
     case TokenType::star:
       return left * right;
-    case TokenType::equal:
-      return left == right;
-    case TokenType::notEqual:
-      return left != right;
     case TokenType::greater:
       return left > right;
     case TokenType::greaterEqual:
