@@ -11,6 +11,10 @@ namespace velto {
 
 namespace {
 
+constexpr bool isSeparator(CharacterType type) noexcept {
+  return type == CharacterType::space || type == CharacterType::invalid;
+}
+
 /// A character of any text. Each is mapped by itself, so that no context changes it.
 class Letter {
  public:
@@ -20,6 +24,10 @@ class Letter {
   bool isLetter() const noexcept { return unicode::isLetter(character_.firstScalar()); }
   void appendLowercased(StringBuilder& text) const { unicode::appendLowercased(character_.text(), text); }
   void appendUppercased(StringBuilder& text) const { unicode::appendUppercased(character_.text(), text); }
+  /// Of any text, no letter is known to be lowercase before it is looked at.
+  static Characters::Iterator takeLowercase(Characters::Iterator begin, Characters::Iterator, StringBuilder&) {
+    return begin;
+  }
 
  private:
   Character character_;
@@ -61,6 +69,11 @@ class ASCIILetter {
   bool isLetter() const noexcept { return type() == CharacterType::uppercase || type() == CharacterType::lowercase; }
   void appendLowercased(ASCIIEnd& text) const { text.append(unicode::lowercasedASCII(character_)); }
   void appendUppercased(ASCIIEnd& text) const { text.append(unicode::uppercasedASCII(character_)); }
+  /// Appends the lowercase letters that come next, as they are, and gives their end.
+  static const char* takeLowercase(const char* begin, const char* end, ASCIIEnd& text) noexcept {
+    for (; begin != end && 'a' <= *begin && *begin <= 'z'; ++begin) text.append(*begin);
+    return begin;
+  }
 
  private:
   char character_;
@@ -71,21 +84,27 @@ template <typename AnyLetter, typename Text, typename Result>
 void appendCamelCased(const Text& text, bool capitalizeFirst, Result& result) {
   bool first = true;
   CharacterType previous = CharacterType::invalid;
-  for (const AnyLetter letter : text) {
+  for (auto place = text.begin(); place != text.end();) {
+    const AnyLetter letter = *place;
     const CharacterType type = letter.type();
-    if (type != CharacterType::invalid && type != CharacterType::space) {
-      const bool needsUnderscore = first && !letter.isLetter();
-      const bool beginsWord = (first && capitalizeFirst) || previous == CharacterType::space ||
-                              (previous == CharacterType::lowercase && type == CharacterType::uppercase);
-      if (needsUnderscore) result.append('_');
-      if (beginsWord && !needsUnderscore) {
-        letter.appendUppercased(result);
-      } else {
-        letter.appendLowercased(result);
-      }
-      first = false;
+    ++place;
+    if (isSeparator(type)) {
+      previous = type;
+      continue;
     }
-    previous = type;
+    const bool needsUnderscore = first && !letter.isLetter();
+    const bool beginsWord = (first && capitalizeFirst) || previous == CharacterType::space ||
+                            (previous == CharacterType::lowercase && type == CharacterType::uppercase);
+    if (needsUnderscore) result.append('_');
+    if (beginsWord && !needsUnderscore) {
+      letter.appendUppercased(result);
+    } else {
+      letter.appendLowercased(result);
+    }
+    first = false;
+    const auto end = AnyLetter::takeLowercase(place, text.end(), result);
+    previous = end == place ? type : CharacterType::lowercase;
+    place = end;
   }
   if (first) {
     result.append('_');
@@ -98,9 +117,10 @@ template <typename AnyLetter, typename Text, typename Result>
 void appendSnakeCased(const Text& text, Result& result) {
   bool first = true;
   bool afterSeparator = false;
-  for (const AnyLetter letter : text) {
-    const CharacterType type = letter.type();
-    if (type == CharacterType::space || type == CharacterType::invalid) {
+  for (auto place = text.begin(); place != text.end();) {
+    const AnyLetter letter = *place;
+    ++place;
+    if (isSeparator(letter.type())) {
       if (!afterSeparator) result.append('_');
       afterSeparator = true;
       continue;
@@ -112,6 +132,7 @@ void appendSnakeCased(const Text& text, Result& result) {
     }
     first = false;
     afterSeparator = false;
+    place = AnyLetter::takeLowercase(place, text.end(), result);
   }
 }
 

@@ -15,15 +15,21 @@ namespace velto {
 class RecentForms {
  public:
   /// The same as `form(text)`.
-  String formOf(const String& text, StringForm form) {
+  [[gnu::always_inline]] String formOf(const String& text, StringForm form) {
     if (text.size() > longest) return form(text);
     Entry& entry = entries_[slotOf(text, form)];
-    if (entry.form != form || !entry.text.isSameAs(text)) entry = {text, form, form(text)};
+    if (entry.form != form || !entry.text.isSameAs(text)) entry.make(text, form);
     return entry.result;
   }
 
  private:
   struct Entry {
+    [[gnu::noinline]] void make(const String& newText, StringForm newForm) {
+      result = newForm(newText);
+      text = newText;
+      form = newForm;
+    }
+
     String text;  // held, so that no other text can come to stand in its memory
     StringForm form = nullptr;
     String result;
