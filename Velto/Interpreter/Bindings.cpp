@@ -62,6 +62,17 @@ void Bindings::removeAll() noexcept {
   filter_ = 0;
 }
 
+/// The rest of `clearIfPlain`, from the first value on that holds something.
+bool Bindings::clearTexts() noexcept {
+  while (end_ != bindings_.data()) {
+    if (end_[-1].value.isLastOfObject()) return false;
+    if (hasTable()) table_.clear();  // another thread may have let go meanwhile, so that something went after all
+    const Value doomed = std::move((--end_)->value);
+  }
+  filter_ = 0;
+  return true;
+}
+
 const Bindings::Binding* Bindings::findByText(const String& name, std::size_t hash) const {
   for (const Binding& binding : bindings()) {
     if (isNamed(binding, name, hash)) return &binding;

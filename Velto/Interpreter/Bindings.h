@@ -93,11 +93,12 @@ class Bindings {
   void clear() noexcept {
     if (size() != 0) removeAll();
   }
-  /// The same if no value holds anything, and there is no table. Else false; some names at the end may be gone.
+  /// The same if nothing but texts goes with the values, and there is no table. Else false; some names at the end may
+  /// be gone.
   [[gnu::always_inline]] bool clearIfPlain() noexcept {
     if (hasTable()) return false;
     for (; end_ != bindings_.data(); --end_) {
-      if (end_[-1].value.isHolder()) return false;
+      if (end_[-1].value.isHolder()) return clearTexts();
     }
     filter_ = 0;
     return true;
@@ -123,6 +124,7 @@ class Bindings {
   bool addAnew(const String& name, const Value& value);
   void append(const String& name, const Value& value);
   void removeAll() noexcept;
+  [[gnu::noinline]] bool clearTexts() noexcept;
   /// As a number, since there needn't be any memory for the place to lie in.
   std::uintptr_t addressOf(std::size_t place) const noexcept {
     return reinterpret_cast<std::uintptr_t>(bindings_.data()) + place * sizeof(Binding);

@@ -111,6 +111,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
  private:
   friend class Function;
   friend class ScopeGuard;
+  class ReturnedValue;
   class RunningList;
 
   // Interpreter.cpp: the frame
@@ -164,9 +165,19 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   [[gnu::noinline]] Value makeIntegerRange(const Token& operator_, double lower, double upper);
   bool evaluateOperand(const Expression& operand, const Token& operator_);
   const Value* findAtOnce(const Variable& node) noexcept;
+  const Value* findAtOnce(const Subscript& node) noexcept;
+  const Value* findValue(const Expression& expression) noexcept;
+  static const String* literalText(const Expression& expression) noexcept;
+  [[gnu::noinline]] const String* findText(const Expression& expression) noexcept;
   Value readVariable(const Token& name, const Uuid& id);
   const double* findNumber(const Expression& expression) noexcept;
   [[gnu::noinline]] Value combine(const Binary& node);
+  static bool isEquality(const Binary& node) noexcept {
+    return node.operator_.type == TokenType::equal || node.operator_.type == TokenType::notEqual;
+  }
+  enum class Answer { no, yes, unknown };
+  /// Of a comparison of two texts that are found at once; unknown for any other. Nothing runs.
+  [[gnu::noinline]] Answer compareTexts(const Binary& node);
   [[gnu::noinline]] Value lookUp(const Variable& node);
   Value evaluateKey(const Expression& key, const Range& range);
 
@@ -181,7 +192,9 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   // InterpreterCalls.cpp: calls and function declarations
   const Callable* findCallable(const Expression& callee) noexcept;
   [[gnu::noinline]] Ref<const Callable> evaluateCallee(const Call& node);
-  Value callMember(const Call& node, const Member& member);
+  [[gnu::noinline]] Value callMember(const Call& node, const Member& member);
+  [[gnu::noinline]] Value callAnyMember(const Call& node, const Member& member);
+  [[gnu::noinline]] Value callValue(const Call& node);
   [[gnu::noinline]] Value callOther(const Call& node, const Callable& callee);
   const Callable& callableOf(const Call& node, const Value& callee);
   template <typename Callee>
@@ -202,7 +215,7 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void bind(const Function& function, Arguments arguments);
   [[gnu::noinline]] void bindOthers(const std::vector<FunctionParameter>& parameters, Arguments arguments);
   Value executeBody(const Statements& body);
-  [[gnu::noinline]] bool returnsFrom(const Statements& branch, Value& result);
+  [[gnu::noinline]] bool returnsFrom(const Statements& branch, ReturnedValue& result);
   Value takeReturnValue();
   void printDescription(const Value& value);
   void checkLabel(const Label& expected, const Call::Argument& argument);

@@ -46,6 +46,10 @@ namespace velto {
 }
 
 [[gnu::always_inline]] inline bool Interpreter::evaluateAnyCondition(const Expression& condition) {
+  if (condition.kind() == ExpressionKinds::of<Binary> && isEquality(condition.record<Binary>())) {
+    const Answer answer = compareTexts(condition.record<Binary>());
+    if (answer != Answer::unknown) return answer == Answer::yes;
+  }
   const Value value = evaluate(condition);
   if (!value.boolean()) fail(condition.range(), "Condition must evaluate to a boolean value.");
   return *value.boolean();

@@ -1,6 +1,9 @@
 // Calls, and the declaration of functions.
 #include <algorithm>
+#include <concepts>
+#include <cstddef>
 #include <memory>
+#include <new>
 #include <utility>
 
 #include "Velto/Diagnostics/VeltoError.h"
@@ -13,6 +16,24 @@
 
 namespace velto {
 
+/// Room for what a branch returns, made where it stays, and taken if it was made.
+class Interpreter::ReturnedValue {
+ public:
+  template <std::invocable Make>
+  [[gnu::always_inline]] void make(const Make& make) {
+    new (memory_) Value(make());
+  }
+  [[gnu::always_inline]] Value take() noexcept {
+    Value& made = *std::launder(reinterpret_cast<Value*>(memory_));
+    Value taken = std::move(made);
+    made.~Value();
+    return taken;
+  }
+
+ private:
+  alignas(Value) std::byte memory_[sizeof(Value)];
+};
+
 Value Interpreter::takeReturnValue() {
   if (!jumps_.take(Jumps::Kind::return_)) return Value::nil();
   return std::exchange(returnValue_, Value::nil());
@@ -24,8 +45,8 @@ Value Interpreter::takeReturnValue() {
     if (statement.kind() == StatementKinds::of<Return>) return valueOf(statement.record<Return>());
     if (statement.kind() == StatementKinds::of<If>) {
       if (const Statements* branch = chooseBranch(statement.record<If>())) {
-        Value result;
-        if (returnsFrom(*branch, result)) return result;
+        ReturnedValue result;
+        if (returnsFrom(*branch, result)) return result.take();
       }
     } else {
       execute(statement);
@@ -35,14 +56,14 @@ Value Interpreter::takeReturnValue() {
   return Value::nil();
 }
 
-/// Whether the branch returns; `result`, which is `nil` before, is what then.
-bool Interpreter::returnsFrom(const Statements& branch, Value& result) {
+/// Whether the branch returns, and has made `result`.
+bool Interpreter::returnsFrom(const Statements& branch, ReturnedValue& result) {
   const ScopeGuard scope(*this);
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(branch);
   for (const Statement& statement : branch) {
     if (statement.kind() == StatementKinds::of<Return>) {
-      result = valueOf(statement.record<Return>());
+      result.make([&]() __attribute__((always_inline)) { return valueOf(statement.record<Return>()); });
       return true;
     }
     if (statement.kind() == StatementKinds::of<If>) {
@@ -52,7 +73,7 @@ bool Interpreter::returnsFrom(const Statements& branch, Value& result) {
       execute(statement);
     }
     if (jumps_.areAny()) {
-      result = takeReturnValue();
+      result.make([&] { return takeReturnValue(); });
       return true;
     }
   }
@@ -104,14 +125,11 @@ Value Interpreter::callAtFirst(const Function& function, Arguments arguments) {
   return executeBody(function.declaration().body);
 }
 
-Value Interpreter::valueOf(const Call& node) {
+Value Interpreter::callValue(const Call& node) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);
-  const Callable* const found = findCallable(node.callee);
-  if (!found && node.callee.kind() == ExpressionKinds::of<Member>) {
-    return callMember(node, node.callee.record<Member>());
-  }
   // Held, since the variable may get another value meanwhile.
+  const Callable* const found = findCallable(node.callee);
   const Ref<const Callable> callee = found ? Ref<const Callable>(found) : evaluateCallee(node);
   return callee->isDeclared() ? call(node, static_cast<const Function&>(*callee)) : callOther(node, *callee);
 }
@@ -128,12 +146,24 @@ Ref<const Callable> Interpreter::evaluateCallee(const Call& node) {
   return Ref<const Callable>(&callableOf(node, callee));
 }
 
-/// A form of a text comes without the function that the member is.
+/// The form of texts that a call of a member asks for; null where it asks for anything else.
+inline StringForm formOf(const Call& node, const Member& member) noexcept {
+  return node.arguments.empty() ? stringForm(member.member.lexeme) : nullptr;
+}
+
+/// A form of a text comes without the function that the member is, and the text needn't be taken from where it stands.
 Value Interpreter::callMember(const Call& node, const Member& member) {
+  const StringForm form = formOf(node, member);
+  const String* const text = form ? findText(member.object) : nullptr;
+  return text ? recentForms_->formOf(*text, form) : callAnyMember(node, member);
+}
+
+Value Interpreter::callAnyMember(const Call& node, const Member& member) {
+  if (guard_.isExhausted()) [[unlikely]]
+    failExhausted(node.range);
   Value callee = evaluate(member.object);
-  if (callee.string() && node.arguments.empty()) {
-    if (const StringForm form = stringForm(member.member.lexeme)) return recentForms_->formOf(*callee.string(), form);
-  }
+  const StringForm form = callee.string() ? formOf(node, member) : nullptr;
+  if (form) return recentForms_->formOf(*callee.string(), form);
   callee = memberOf(callee, member);
   return callOther(node, callableOf(node, callee));
 }

@@ -3,6 +3,7 @@
 
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Platform/Fatal.h"
+#include "Velto/Value/DictionaryInline.h"
 
 namespace velto {
 
@@ -51,6 +52,12 @@ namespace velto {
   }
 }
 
+/// Calls of members stand apart, so that they save none of the registers that others need.
+[[gnu::always_inline]] inline Value Interpreter::valueOf(const Call& node) {
+  const bool isOfMember = node.callee.kind() == ExpressionKinds::of<Member>;
+  return isOfMember ? callMember(node, node.callee.record<Member>()) : callValue(node);
+}
+
 [[gnu::always_inline]] inline Value Interpreter::evaluate(const Expression& expression) {
   switch (expression.kind()) {
     case ExpressionKinds::of<Literal>:
@@ -86,6 +93,30 @@ namespace velto {
     value = current().findAtOnce(node.name.lexeme, node.place.get());
   }
   return value && !value->isUninitialized() ? value : nullptr;
+}
+
+/// The text of a plain string literal, as nearly all keys are; null for any other expression.
+[[gnu::always_inline]] inline const String* Interpreter::literalText(const Expression& expression) noexcept {
+  if (expression.kind() != ExpressionKinds::of<StringExpression>) return nullptr;
+  const auto& string = expression.record<StringExpression>();
+  return string.interpolations.empty() ? &string.literal : nullptr;
+}
+
+/// The entry of a dictionary that is a variable, where it stands; null where it takes more than a few looks. Nothing
+/// runs.
+[[gnu::always_inline]] inline const Value* Interpreter::findAtOnce(const Subscript& node) noexcept {
+  const String* const key = literalText(node.index);
+  if (!key || node.subscriptee.kind() != ExpressionKinds::of<Variable>) return nullptr;
+  const Value* const container = findAtOnce(node.subscriptee.record<Variable>());
+  const Dictionary* const dictionary = container ? container->dictionary() : nullptr;
+  return dictionary ? dictionary->findTextAt(node.entry.get(), *key) : nullptr;
+}
+
+/// The same for both kinds of expressions, and null for any other.
+[[gnu::always_inline]] inline const Value* Interpreter::findValue(const Expression& expression) noexcept {
+  if (expression.kind() == ExpressionKinds::of<Subscript>) return findAtOnce(expression.record<Subscript>());
+  if (expression.kind() == ExpressionKinds::of<Variable>) return findAtOnce(expression.record<Variable>());
+  return nullptr;
 }
 
 inline Value Interpreter::valueOf(const Variable& node) {

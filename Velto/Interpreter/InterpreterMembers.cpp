@@ -5,21 +5,10 @@
 #include "Velto/Interpreter/Interpreter.h"
 #include "Velto/Interpreter/InterpreterInline.h"
 #include "Velto/Value/Array.h"
-#include "Velto/Value/DictionaryInline.h"
+#include "Velto/Value/Dictionary.h"
 #include "Velto/Value/IntegerRange.h"
 
 namespace velto {
-
-namespace {
-
-/// The text of a key that stands there as a plain literal, as nearly all keys do; null for any other.
-const String* literalKey(const Expression& key) {
-  if (key.kind() != ExpressionKinds::of<StringExpression>) return nullptr;
-  const auto& string = key.record<StringExpression>();
-  return string.interpolations.empty() ? &string.literal : nullptr;
-}
-
-}  // namespace
 
 Value Interpreter::valueOf(const Member& node) {
   return memberOf(evaluate(node.object), node);
@@ -37,28 +26,22 @@ Value Interpreter::memberOf(const Value& object, const Member& node) {
   return std::move(*result);
 }
 
-/// Nothing runs before the entry is found, so that the dictionary can stay where it is.
 Value Interpreter::valueOf(const Subscript& node) {
-  const String* const key = literalKey(node.index);
-  if (key && node.subscriptee.kind() == ExpressionKinds::of<Variable>) {
-    const Value* const container = findAtOnce(node.subscriptee.record<Variable>());
-    const Dictionary* const dictionary = container ? container->dictionary() : nullptr;
-    const Value* const value = dictionary ? dictionary->findTextAt(node.entry.get(), *key) : nullptr;
-    if (value) return *value;
-  }
-  return elementOf(node);
+  const Value* const value = findAtOnce(node);
+  return value ? *value : elementOf(node);
 }
 
 Value Interpreter::elementOf(const Subscript& node) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);
-  const Value value = evaluate(node.subscriptee);
-  if (const Array* array = value.array()) return element(node, *array);
-  if (const Dictionary* dictionary = value.dictionary()) {
-    const String* const key = literalKey(node.index);
-    return key ? entry(node, *dictionary, *key) : element(node, *dictionary);
-  }
-  if (const String* string = value.string()) return element(node, *string);
+  const Value* const found = findValue(node.subscriptee);
+  const Dictionary* const dictionary = found ? found->dictionary() : nullptr;
+  const String* const key = dictionary ? findText(node.index) : nullptr;
+  if (key) return entry(node, *dictionary, *key);
+  const Value container = evaluate(node.subscriptee);
+  if (const Array* array = container.array()) return element(node, *array);
+  if (const Dictionary* any = container.dictionary()) return element(node, *any);
+  if (const String* string = container.string()) return element(node, *string);
   fail(node.bracket.range, "Can only subscript arrays, dictionaries or strings.");
 }
 
@@ -80,6 +63,7 @@ Value Interpreter::element(const Subscript& node, const Array& array) {
 }
 
 Value Interpreter::element(const Subscript& node, const Dictionary& dictionary) {
+  if (const String* const key = findText(node.index)) return entry(node, dictionary, *key);
   const Value* value = dictionary.find(evaluateKey(node.index, node.bracket.range));
   return value ? *value : Value::nil();
 }

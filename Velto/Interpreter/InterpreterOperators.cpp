@@ -53,19 +53,34 @@ Value Interpreter::valueOf(const Binary& node) {
 }
 
 Value Interpreter::combine(const Binary& node) {
+  if (isEquality(node)) {
+    const Answer answer = compareTexts(node);
+    if (answer != Answer::unknown) return answer == Answer::yes;
+  }
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);
   const Value left = evaluate(node.left);
   const Value right = evaluate(node.right);
   const Token& operator_ = node.operator_;
   if (left.number() && right.number()) return calculate(operator_, *left.number(), *right.number());
-  const bool isEquality = operator_.type == TokenType::equal || operator_.type == TokenType::notEqual;
-  if (isEquality && left.string() && right.string()) {
-    return (*left.string() == *right.string()) == (operator_.type == TokenType::equal);
-  }
   if (operator_.type == TokenType::equal) return areSame(left, right, operator_.range);
   if (operator_.type == TokenType::notEqual) return !areSame(left, right, operator_.range);
   fail(operator_.range, "Operands must be numbers.");
+}
+
+Interpreter::Answer Interpreter::compareTexts(const Binary& node) {
+  const String* const left = findText(node.left);
+  const String* const right = left ? findText(node.right) : nullptr;
+  if (!right) return Answer::unknown;
+  return (*left == *right) == (node.operator_.type == TokenType::equal) ? Answer::yes : Answer::no;
+}
+
+/// The text that a literal, a variable or an entry of one is, where it stands; null for all else, and for what isn't
+/// found at once. Nothing runs, so that the text can stay there.
+const String* Interpreter::findText(const Expression& expression) noexcept {
+  if (const String* const literal = literalText(expression)) return literal;
+  const Value* const value = findValue(expression);
+  return value ? value->string() : nullptr;
 }
 
 Value Interpreter::makeIntegerRange(const Token& operator_, double lower, double upper) {

@@ -6,7 +6,10 @@
 namespace velto {
 
 void Locals::set(const Uuid& id, Int depth) {
-  if (4 * (size_ + 1) > slots_.size()) grow();
+  // Small tables are nearly empty, so that hardly anything collides in them.
+  constexpr std::size_t small = 4096;
+  const std::size_t slotsForEach = slots_.size() < small ? 16 : 4;
+  if (slotsForEach * (size_ + 1) > slots_.size()) grow();
   Slot& slot = slotOf(id);
   if (slot.id != id) ++size_;
   slot = {id, Local(depth)};
@@ -28,7 +31,7 @@ Locals::Slot& Locals::slotOf(const Uuid& id) noexcept {
 }
 
 void Locals::grow() {
-  constexpr std::size_t fewest = 256;  // room enough that hardly anything collides in a small program
+  constexpr std::size_t fewest = 256;
   const std::vector<Slot> before = std::exchange(slots_, std::vector<Slot>(std::max(fewest, 2 * slots_.size())));
   mask_ = slots_.size() - 1;
   for (const Slot& slot : before) {

@@ -67,7 +67,7 @@ class Locals {
   Slot& slotOf(const Uuid& id) noexcept;
   void grow();
 
-  std::vector<Slot> slots_{1};  // a power of two of them, at most a quarter of them taken
+  std::vector<Slot> slots_{1};  // a power of two of them, at most a quarter of them taken, and of few much less
   std::size_t mask_ = 0;
   std::size_t size_ = 0;
 };

@@ -132,8 +132,9 @@ class WeaklyCounted : public Counted {
   /// How many `WeakRef`s look at it.
   std::uint32_t observerCount() const noexcept { return observers_.get() - (isAlive() ? 1 : 0); }
   bool isObserved() const noexcept { return observerCount() != 0; }
-  /// Whether a single `Ref` holds it, and nothing observes it.
-  [[gnu::always_inline]] bool isUnshared() const noexcept { return holderCount() == 1 && observers_.get() == 1; }
+  /// Of an object that a `Ref` holds: whether no other one does, and nothing observes it. Both counts are at least 1, and
+  /// if no other bit is set they are 1.
+  [[gnu::always_inline]] bool isUnshared() const noexcept { return (holderCount() | observers_.get()) == 1; }
 
   [[gnu::always_inline]] void observe() const noexcept { observers_.increment(); }
   [[gnu::always_inline]] void unobserve() const noexcept {

@@ -97,6 +97,8 @@ class Value {
   bool isUninitialized() const noexcept { return tag_ == Tag::uninitialized; }
   /// Whether it shares something with its copies: a text, an object or a callable.
   bool isHolder() const noexcept { return tag_ >= Tag::string; }
+  /// Whether it is just now the only holder of an object or a callable, which would go with it.
+  bool isLastOfObject() const noexcept { return tag_ > Tag::string && shared_->holderCount() == 1; }
   bool isObject() const noexcept { return tag_ >= Tag::string && tag_ != Tag::callable; }
 
   const bool* boolean() const noexcept { return tag_ == Tag::boolean ? &boolean_ : nullptr; }

@@ -263,13 +263,30 @@ TEST(Bindings, AreClearedAtOnceIfNothingGoesWithThem) {
   EXPECT_EQ(*names.find("b"), Value(2));
 }
 
-TEST(Bindings, AreNotClearedAtOnceIfAValueHoldsSomething) {
+TEST(Bindings, AreClearedAtOnceIfTextsGoWithThem) {
   Bindings names;
-  names.set("a", "text");
-  names.set("b", 1);
+  const Value elsewhere = Value::arrayLiteral({1});
+  for (int round = 0; round < 2; ++round) {
+    names.set("a", 1);
+    names.set("b", "text");
+    names.set("c", elsewhere);
+    names.set("d", "");
+    names.set("e", true);
+    EXPECT_TRUE(names.clearIfPlain());
+    EXPECT_EQ(names.size(), 0u);
+    EXPECT_FALSE(names.mayHave(String("b").hash()));
+  }
+  EXPECT_TRUE(elsewhere.isLastOfObject());
+}
+
+TEST(Bindings, AreNotClearedAtOnceIfAnObjectGoesWithThem) {
+  Bindings names;
+  names.set("a", Value::arrayLiteral({1}));
+  names.set("b", "text");
+  names.set("c", 1);
   EXPECT_FALSE(names.clearIfPlain());
   ASSERT_NE(names.find("a"), nullptr);
-  EXPECT_EQ(*names.find("a"), Value("text"));
+  EXPECT_EQ(names.find("a")->description(), String("[1]"));
 }
 
 TEST(Bindings, AreNotClearedAtOnceIfTheyAreMany) {

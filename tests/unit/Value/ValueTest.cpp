@@ -291,5 +291,19 @@ TEST(ValueConvertible, EveryImplementerGivesItsValue) {
   static_assert(!ValueConvertible<shop::Opaque>);
 }
 
+TEST(Value, KnowsWhetherAnObjectGoesWithIt) {
+  for (const Value& value : {Value(), Value(true), Value(1), Value("text"), Value("")}) {
+    EXPECT_FALSE(value.isLastOfObject());
+  }
+  const Value array = Value::arrayLiteral({1});
+  EXPECT_TRUE(array.isLastOfObject());
+  {
+    const Value copy = array;
+    EXPECT_FALSE(array.isLastOfObject());
+    EXPECT_FALSE(copy.isLastOfObject());
+  }
+  EXPECT_TRUE(array.isLastOfObject());
+}
+
 }  // namespace
 }  // namespace velto
