@@ -3,35 +3,31 @@
 
 #include <cstddef>
 
+#include "Velto/Platform/Grove.h"
+
 namespace [[gnu::visibility("default")]] velto {
 
-/// Nodes are many, small and of many sizes, and those of a tree come and go together. So the nodes that are made while
-/// a `Grove` lives stand side by side in pieces of memory; a piece goes with the last node in it, on whichever thread.
+/// The nodes of a tree come and go together, so that those that are made while a tree is parsed stand in one grove.
 class NodeMemory {
-  class Piece;
-
  public:
-  /// One that is made later on the same thread takes over for as long as it lives.
-  class Grove {
+  /// Where the nodes stand that this thread makes while it lives. One that is made later takes over for as long as it
+  /// lives.
+  class Planting {
    public:
-    Grove() noexcept;
-    Grove(const Grove&) = delete;
-    Grove& operator=(const Grove&) = delete;
-    ~Grove();
+    Planting() noexcept;
+    Planting(const Planting&) = delete;
+    Planting& operator=(const Planting&) = delete;
+    ~Planting();
 
    private:
     friend NodeMemory;
 
-    Piece& pieceWithRoomFor(std::size_t size);
-    void beginPiece(std::size_t size);
-
-    Piece* piece_ = nullptr;  // the one that is being filled
-    Grove* outer_;
+    Grove grove_;
+    Planting* outer_;
   };
 
-  /// For objects that need no more than the alignment of a pointer.
   static void* allocate(std::size_t size);
-  static void release(void* memory) noexcept;
+  static void release(void* memory) noexcept { Grove::release(memory); }
 };
 
 }  // namespace velto

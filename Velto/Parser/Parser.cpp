@@ -20,7 +20,7 @@ Parser::Parser(std::vector<Token> tokens, std::shared_ptr<Logger> logger)
 }
 
 Statements Parser::parse() {
-  const NodeMemory::Grove grove;
+  const NodeMemory::Planting planting;
   stack_ = StackGuard();  // for the thread that parses, whichever made the parser
   return body({});
 }

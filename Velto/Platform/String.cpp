@@ -17,13 +17,29 @@ namespace velto {
 
 struct String::Slice final : Storage {
   Slice(std::string_view part, bool isASCII, Ref<const Storage> whole) noexcept
-      : Storage(part.data(), part.size(), isASCII, false), whole(std::move(whole)) {}
+      : Storage(part.data(), part.size(), isASCII, Kind::slice), whole(std::move(whole)) {}
 
   Ref<const Storage> whole;
 };
 
+struct String::Planted final : Storage {
+  static Ref<const Storage> holding(std::string_view text, Grove& grove) {
+    if (text.empty()) return nullptr;
+    void* const memory = grove.allocate(sizeof(Planted) + text.size());
+    return Ref<const Storage>(::new (memory) Planted(text));
+  }
+  // NOLINTNEXTLINE(cert-dcl54-cpp): nothing but `holding` makes one
+  static void operator delete(void* memory) { Grove::release(memory); }
+
+ private:
+  explicit Planted(std::string_view text) noexcept
+      : Storage(reinterpret_cast<const char*>(this + 1), text.size(), utf8::isASCII(text), Kind::planted) {
+    text.copy(reinterpret_cast<char*>(this + 1), text.size());
+  }
+};
+
 String::Block::Block(std::size_t capacity) noexcept
-    : Storage(reinterpret_cast<const char*>(this + 1), 0, true, true), capacity(capacity) {
+    : Storage(reinterpret_cast<const char*>(this + 1), 0, true, Kind::block), capacity(capacity) {
 }
 
 Ref<String::Block> String::Block::allocated(std::size_t capacity) {
@@ -72,6 +88,11 @@ String String::fromWellFormed(std::string_view text) {
   return String(Block::holding(text));
 }
 
+String String::fromWellFormed(std::string_view text, Grove& grove) {
+  constexpr std::size_t longest = 256;  // of those that leave little of a piece of memory unused
+  return text.size() <= longest ? String(Planted::holding(text, grove)) : fromWellFormed(text);
+}
+
 String String::concatenation(std::initializer_list<std::string_view> pieces) {
   return String(Block::joining(pieces));
 }
@@ -88,7 +109,8 @@ String String::slice(std::size_t offset, std::size_t length) const {
 String String::slice(std::size_t offset, std::size_t length, bool isASCII) const {
   if (length == size()) return *this;
   if (length == 0) return String();
-  const Ref<const Storage>& whole = storage_->isBlock ? storage_ : static_cast<const Slice&>(*storage_).whole;
+  const Ref<const Storage>& whole =
+      storage_->kind == Kind::slice ? static_cast<const Slice&>(*storage_).whole : storage_;
   return String(makeRef<const Slice>(view().substr(offset, length), isASCII, whole));
 }
 
@@ -119,7 +141,7 @@ void String::rewrite(std::string_view text) {
 
 /// The block that nobody else holds; null if there is none.
 String::Block* String::ownBlock() const noexcept {
-  const bool isOwn = storage_ && storage_->isBlock && storage_->holderCount() == 1;
+  const bool isOwn = storage_ && storage_->kind == Kind::block && storage_->holderCount() == 1;
   return isOwn ? const_cast<Block*>(static_cast<const Block*>(storage_.get())) : nullptr;
 }
 

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "Velto/Forward.h"
+#include "Velto/Platform/Grove.h"
 #include "Velto/Platform/Ref.h"
 
 namespace [[gnu::visibility("default")]] velto {
@@ -25,16 +26,18 @@ class String {
   /// Whether each byte is a character by itself.
   enum class Grain : std::uint8_t { unknown, bytes, characters };
 
+  enum class Kind : std::uint8_t { block, slice, planted };
+
   struct Storage : Counted {
-    Storage(const char* text, std::size_t size, bool isASCII, bool isBlock) noexcept
-        : isASCII(isASCII), isBlock(isBlock), text(text), size(size) {}
+    Storage(const char* text, std::size_t size, bool isASCII, Kind kind) noexcept
+        : isASCII(isASCII), kind(kind), text(text), size(size) {}
     /// It holds nothing deep: at most the text that it is a slice of, which is no slice.
     void dispose() const noexcept override { delete this; }
 
     Grain findGrain() const noexcept;
 
     bool isASCII;
-    bool isBlock;
+    Kind kind;
     mutable std::atomic<Grain> grain = Grain::unknown;
     const char* text;
     std::size_t size;
@@ -60,6 +63,8 @@ class String {
 
   /// The bytes are some of those of another text.
   struct Slice;
+  /// The bytes stand behind the object, in a grove.
+  struct Planted;
 
  public:
   String() noexcept = default;
@@ -77,6 +82,8 @@ class String {
 
   /// Takes `text` unchecked; it must be well-formed.
   static String fromWellFormed(std::string_view text);
+  /// The same for a text that comes and goes with others.
+  static String fromWellFormed(std::string_view text, Grove& grove);
   /// A text of ASCII of `most` bytes at most: `write` gets the place where it is to stand and gives the end of what it
   /// wrote there.
   template <typename Write>

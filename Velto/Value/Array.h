@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "Velto/Platform/Grove.h"
 #include "Velto/Value/ContentsMark.h"
 #include "Velto/Value/HostValue.h"
 #include "Velto/Value/Object.h"
@@ -26,7 +27,7 @@ class Sequence : public Object {
 };
 
 /// An array of values, filled once and const ever after.
-class Array final : public Sequence {
+class Array final : public Sequence, public Plantable {
  public:
   Array() = default;
   explicit Array(std::vector<Value> elements) noexcept : elements_(std::move(elements)) {}

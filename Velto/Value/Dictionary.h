@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "Velto/Platform/Grove.h"
 #include "Velto/Value/ContentsMark.h"
 #include "Velto/Value/HostValue.h"
 #include "Velto/Value/Object.h"
@@ -27,7 +28,7 @@ class Mapping : public Object {
 };
 
 /// A dictionary of values that keeps the order of insertion, filled once and const ever after.
-class Dictionary final : public Mapping {
+class Dictionary final : public Mapping, public Plantable {
  public:
   /// A key and its value, looked at where they stand.
   struct Entry {

@@ -48,7 +48,7 @@ void expectUntouched(const std::vector<Place>& places) {
 }
 
 TEST(NodeMemory, GivesEachNodeAPlaceOfItsOwn) {
-  const NodeMemory::Grove grove;
+  const NodeMemory::Planting planting;
   const std::vector<Place> places = takenOfAllSizes(2000);
   expectUntouched(places);
   for (const Place& place : places) place.giveBack();
@@ -57,7 +57,7 @@ TEST(NodeMemory, GivesEachNodeAPlaceOfItsOwn) {
 TEST(NodeMemory, StaysUntilTheLastNodeInItHasGone) {
   std::vector<Place> places;
   {
-    const NodeMemory::Grove grove;
+    const NodeMemory::Planting planting;
     places = takenOfAllSizes(2000);
   }
   for (std::size_t index = 0; index < places.size(); index += 2) places[index].giveBack();
@@ -68,7 +68,7 @@ TEST(NodeMemory, StaysUntilTheLastNodeInItHasGone) {
 }
 
 TEST(NodeMemory, ServesNodesLargerThanAnyPiece) {
-  const NodeMemory::Grove grove;
+  const NodeMemory::Planting planting;
   const Place small = Place::taken(8, 1);
   const Place large = Place::taken(100'000, 2);
   const Place behind = Place::taken(8, 3);
@@ -78,7 +78,7 @@ TEST(NodeMemory, ServesNodesLargerThanAnyPiece) {
 
 TEST(NodeMemory, ServesNodesOutsideOfAnyGrove) {
   const Place alone = Place::taken(100, 7);
-  const NodeMemory::Grove grove;
+  const NodeMemory::Planting planting;
   const Place within = Place::taken(100, 8);
   expectUntouched({alone, within});
   alone.giveBack();
@@ -86,11 +86,11 @@ TEST(NodeMemory, ServesNodesOutsideOfAnyGrove) {
 }
 
 TEST(NodeMemory, IsFilledByTheInnermostGrove) {
-  const NodeMemory::Grove outer;
+  const NodeMemory::Planting outer;
   const Place first = Place::taken(16, 1);
   std::vector<Place> inner;
   {
-    const NodeMemory::Grove grove;
+    const NodeMemory::Planting planting;
     inner = takenOfAllSizes(50);
   }
   const Place second = Place::taken(16, 2);
@@ -102,7 +102,7 @@ TEST(NodeMemory, IsFilledByTheInnermostGrove) {
 }
 
 TEST(NodeMemory, MayBeLeftOnAnyThread) {
-  const NodeMemory::Grove grove;
+  const NodeMemory::Planting planting;
   const std::vector<Place> places = takenOfAllSizes(2000);
   const auto giveBackEvery = [&](std::size_t first) {
     for (std::size_t index = first; index < places.size(); index += 2) places[index].giveBack();

@@ -138,6 +138,54 @@ TEST(String, IsSharedByItsCopies) {
   EXPECT_FALSE(String("shared").isSameAs(text));
 }
 
+TEST(String, OfAGroveIsATextLikeAnyOther) {
+  const std::vector<std::string> texts{"",
+                                       "a",
+                                       "plain",
+                                       "\u00E9t\u00E9",
+                                       std::string(511, 'x'),
+                                       std::string(512, 'x'),
+                                       std::string(513, 'x'),
+                                       std::string(10'000, 'x') + "\u00E9"};
+  std::vector<String> planted;
+  {
+    Grove grove;
+    for (const std::string& text : texts) planted.push_back(String::fromWellFormed(text, grove));
+  }
+  for (std::size_t index = 0; index < texts.size(); ++index) {
+    const String& text = planted[index];
+    const String usual(texts[index]);
+    EXPECT_EQ(text.view(), texts[index]);
+    EXPECT_EQ(text, usual);
+    EXPECT_EQ(text.hash(), usual.hash());
+    EXPECT_EQ(text.isASCII(), usual.isASCII());
+    EXPECT_EQ(text.characterCount(), usual.characterCount());
+  }
+}
+
+TEST(String, OfAGroveNeverGrowsThere) {
+  Grove grove;
+  String first = String::fromWellFormed("first", grove);
+  const String second = String::fromWellFormed("second", grove);
+  first = std::move(first).appending(" and more");
+  EXPECT_EQ(first, "first and more");
+  String third = String::fromWellFormed("third", grove);
+  third.rewrite("3");
+  EXPECT_EQ(third, "3");
+  EXPECT_EQ(second, "second");
+}
+
+TEST(StringSlice, OfATextOfAGroveOutlivesIt) {
+  String slice;
+  {
+    Grove grove;
+    const String whole = String::fromWellFormed("first second third", grove);
+    slice = whole.slice(6, 12).slice(0, 6);
+    EXPECT_EQ(slice.view().data(), whole.view().data() + 6);
+  }
+  EXPECT_EQ(slice.view(), "second");
+}
+
 TEST(StringSlice, SharesTheBytesAndOutlivesTheWhole) {
   String slice;
   {
