@@ -1,6 +1,5 @@
 // JSON documents as values.
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 #include <span>
 #include <string_view>
@@ -12,45 +11,40 @@
 #include "Velto/Library/JSONShapes.h"
 #include "Velto/Library/JSONTexts.h"
 #include "Velto/Library/JSONTokens.h"
+#include "Velto/Platform/Grove.h"
 #include "Velto/Platform/StackGuard.h"
-#include "Velto/Platform/Wrapping.h"
 #include "Velto/Value/Array.h"
 #include "Velto/Value/Dictionary.h"
 
 namespace velto {
 namespace {
 
-constexpr std::string_view whitespace = " \t\n\r";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
+constexpr bool isSpace(char character) noexcept {
+  return character == ' ' || character == '\t' || character == '\n' || character == '\r';
+}
+
 std::string_view withoutSpaceAtEnd(std::string_view token) {
-  while (!token.empty() && whitespace.find(token.back()) != whitespace.npos) token.remove_suffix(1);
+  while (!token.empty() && isSpace(token.back())) token.remove_suffix(1);
   return token;
 }
 
-/// Whether one of the eight bytes is `byte`.
-VELTO_WRAPS constexpr bool contains(std::uint64_t bytes, unsigned char byte) noexcept {
-  constexpr std::uint64_t ones = 0x0101'0101'0101'0101;
-  const std::uint64_t different = bytes ^ (ones * byte);
-  return ((different - ones) & ~different & (ones << 7)) != 0;
-}
-
-/// The first quote or backslash, of which there must be one, with room to read on behind it.
-const char* findQuoteOrBackslash(const char* text) noexcept {
-  for (std::uint64_t bytes;; text += sizeof bytes) {
-    std::memcpy(&bytes, text, sizeof bytes);
-    if (contains(bytes, '"') || contains(bytes, '\\')) break;
-  }
-  while (*text != '"' && *text != '\\') ++text;
-  return text;
+/// The same as `==`, which the standard library leaves to a function that also tells which one is the smaller.
+template <std::size_t Size>
+bool isWord(std::string_view token, const char (&word)[Size]) noexcept {
+  return token.size() == Size - 1 && std::equal(token.begin(), token.end(), word);
 }
 
 class DocumentReader {
  public:
-  DocumentReader(std::string document, TextPool& texts) : tokens_(std::move(document)), keys_(texts) {}
+  DocumentReader(std::string document, TextPool& texts)
+      : tokens_(std::move(document)), shapes_(texts), texts_(texts, grove_) {}
 
   std::optional<Value> read() {
-    if (!tokens_.find() || !readPart() || token_ != tokens_.count()) return std::nullopt;
+    if (!tokens_.find()) return std::nullopt;
+    backslash_ = tokens_.findBackslash(tokens_.behindFirst(0));
+    if (!readPart() || token_ != tokens_.count()) return std::nullopt;
     return std::move(parts_.front());
   }
 
@@ -74,7 +68,7 @@ class DocumentReader {
     }
   }
 
-  bool readArray() {
+  [[gnu::noinline]] bool readArray() {
     if (stack_.isExhausted()) return false;
     const std::size_t begin = parts_.size();
     ++token_;
@@ -88,33 +82,51 @@ class DocumentReader {
     return true;
   }
 
-  bool readObject() {
+  [[gnu::noinline]] bool readObject() {
     if (stack_.isExhausted()) return false;
     const std::size_t begin = parts_.size();
+    ObjectKeys keys{&shapes_.shortest()};
     ++token_;
     if (!take('}')) {
       do {
-        if (!readKey() || !take(':') || !readPart()) return false;
+        if (!readKey(keys) || !take(':') || !readPart()) return false;
       } while (take(','));
       if (!take('}')) return false;
     }
-    replaceParts(begin, shapes_.take(std::span(parts_).subspan(begin)));
+    replaceParts(begin, shapes_.take(*keys.shape, std::span(parts_).subspan(begin)));
     return true;
   }
 
-  bool readKey() {
+  /// Those that no shape takes stand among the parts.
+  struct ObjectKeys {
+    JSONShape* shape;
+    bool hasOthers = false;
+  };
+
+  bool readKey(ObjectKeys& keys) {
     if (tokens_.first(token_) != '"') return false;
-    if (const String* const expected = keys_.takeExpected(tokens_.bytes(token_).substr(1))) {
-      parts_.emplace_back(*expected);
-      ++token_;
-      return true;
+    if (!keys.hasOthers) {
+      if (JSONShape* const expected = shapes_.expected(*keys.shape, tokens_.bytesBehindFirst(token_))) {
+        keys.shape = expected;
+        ++token_;
+        return true;
+      }
     }
     const std::optional<std::string_view> plain = plainText();
     const std::optional<std::string_view> key = plain ? plain : tokens_.unescaped(token_);
     if (!key) return false;
-    parts_.emplace_back(keys_.shared(*key));
+    addKey(keys, *key);
     ++token_;
     return true;
+  }
+
+  void addKey(ObjectKeys& keys, std::string_view key) {
+    if (JSONShape* const longer = keys.hasOthers ? nullptr : shapes_.with(*keys.shape, key)) {
+      keys.shape = longer;
+    } else {
+      keys.hasOthers = true;
+      parts_.emplace_back(shapes_.key(key));
+    }
   }
 
   bool readText() {
@@ -127,24 +139,29 @@ class DocumentReader {
   }
 
   /// The text where it stands in the document, if no escape is in it.
-  std::optional<std::string_view> plainText() const noexcept {
+  std::optional<std::string_view> plainText() noexcept {
     const char* const begin = tokens_.behindFirst(token_);
-    const char* const end = findQuoteOrBackslash(begin);
-    if (*end != '"') return std::nullopt;
+    const char* end = tokens_.behindFirst(token_ + 1) - 1;
+    do --end;  // over the space behind the text, to the quote that closes it
+    while (*end != '"');
+    // The texts come in their order, so that each backslash is looked for once.
+    if (backslash_ < begin) backslash_ = tokens_.findBackslash(begin);
+    if (backslash_ < end) return std::nullopt;
     return std::string_view(begin, static_cast<std::size_t>(end - begin));
   }
 
   bool readWord() {
     const std::string_view word = withoutSpaceAtEnd(tokens_.bytes(token_++));
-    if (word == "true" || word == "false") {
-      parts_.emplace_back(word == "true");
+    if (isWord(word, "null")) {
+      parts_.emplace_back();
       return true;
     }
-    parts_.emplace_back();
-    return word == "null";
+    const bool isTrue = isWord(word, "true");
+    parts_.emplace_back(isTrue);
+    return isTrue || isWord(word, "false");
   }
 
-  bool readNumber() {
+  [[gnu::noinline]] bool readNumber() {
     const std::optional<double> number = parseJSONNumber(withoutSpaceAtEnd(tokens_.bytes(token_++)));
     parts_.emplace_back(number.value_or(0));
     return number.has_value();
@@ -160,15 +177,18 @@ class DocumentReader {
     return std::make_move_iterator(parts_.begin() + static_cast<std::ptrdiff_t>(begin));
   }
 
-  void replaceParts(std::size_t begin, Value whole) {
-    parts_.resize(begin);
+  template <typename Container>
+  void replaceParts(std::size_t begin, Container made) {
+    Value whole = Ref<const Container>(new (grove_) Container(std::move(made)));
+    while (parts_.size() > begin) parts_.pop_back();
     parts_.push_back(std::move(whole));
   }
 
   JSONTokens tokens_;
   std::size_t token_ = 0;
-  std::vector<Value> parts_;  // of the arrays and objects that are being read, so that each is made at its size
-  JSONKeys keys_;
+  const char* backslash_ = nullptr;  // the next one, as far as was looked, or the end of the document
+  std::vector<Value> parts_;         // of the arrays and objects that are being read, so that each is made at its size
+  Grove grove_;                      // all that the document holds stands there
   JSONShapes shapes_;
   JSONRecentTexts texts_;
   StackGuard stack_;

@@ -52,6 +52,11 @@ bool JSONTokens::find() {
   return true;
 }
 
+const char* JSONTokens::findBackslash(const char* begin) const noexcept {
+  const std::string_view rest(begin, static_cast<std::size_t>(document_.data() + size_ - begin));
+  return begin + std::min(rest.find('\\'), rest.size());
+}
+
 std::optional<std::string_view> JSONTokens::unescaped(std::size_t token) {
   const std::size_t needed = bytes(token).size() + simdjson::SIMDJSON_PADDING;
   if (unescaped_.size() < needed) unescaped_.resize(std::max(needed, 2 * unescaped_.size()));

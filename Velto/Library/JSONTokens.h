@@ -30,8 +30,15 @@ class JSONTokens {
   std::string_view bytes(std::size_t token) const noexcept {
     return {document_.data() + places_[token], places_[token + 1] - places_[token]};
   }
+  /// The same without the first byte.
+  std::string_view bytesBehindFirst(std::size_t token) const noexcept {
+    return {behindFirst(token), places_[token + 1] - places_[token] - 1};
+  }
   /// Everything behind the first byte of the token, padding included.
   const char* behindFirst(std::size_t token) const noexcept { return document_.data() + places_[token] + 1; }
+
+  /// The first backslash from `begin` on, or the end of the document.
+  const char* findBackslash(const char* begin) const noexcept;
 
   /// What a text with escapes stands for, good until the next is asked for; nothing if one of them is invalid.
   std::optional<std::string_view> unescaped(std::size_t token);

@@ -231,6 +231,86 @@ TEST(JSONDocumentTest, KnowsAnExpectedKeyFromOneThatOnlyBeginsLikeIt) {
   EXPECT_FALSE(parseJSON(R"([{"a":1},{"a)"));
 }
 
+TEST(JSONDocumentTest, KnowsAnExpectedKeyOfAnyLength) {
+  std::string document = "[";
+  std::vector<std::string> keys;
+  for (std::size_t length = 0; length <= 40; ++length) {
+    const std::string key(length, 'k');
+    for (const std::string& each : {key, key, key + "x", "x" + key, key}) keys.push_back(each);
+  }
+  for (const std::string& key : keys) document += (document.size() > 1 ? ",{\"" : "{\"") + key + "\":1}";
+  for (const std::string space : {"", " ", "\n\t"}) {
+    const std::optional<Value> value = parseJSON(document + space + "]");
+    ASSERT_TRUE(value);
+    for (std::size_t index = 0; index < keys.size(); ++index) {
+      const Dictionary& dictionary = *value->array()->elements()[index].dictionary();
+      EXPECT_EQ(*dictionary.entries()[0].key.string(), String(keys[index]));
+    }
+  }
+}
+
+TEST(JSONDocumentTest, KnowsAnExpectedKeyAtTheEndOfTheDocument) {
+  for (std::size_t length = 0; length <= 40; ++length) {
+    const std::string key(length, 'k');
+    const std::string first = "[{\"" + key + "\":1},{\"" + key + "\":2},{\"";
+    for (std::size_t given = 0; given <= length; ++given) EXPECT_FALSE(parseJSON(first + key.substr(0, given)));
+    EXPECT_FALSE(parseJSON(first + key + "\""));
+    EXPECT_TRUE(parseJSON(first + key + "\":3}]"));
+  }
+}
+
+TEST(JSONDocumentTest, TakesKeysWithANulFromNoOther) {
+  EXPECT_EQ(parsed(R"([{"\u0000":1},{"\u0000":2},{"":3},{"\u0000":4}])"),
+            std::string("[{'\0':1,},{'\0':2,},{'':3,},{'\0':4,},]", 37));
+  EXPECT_FALSE(parseJSON(std::string("[{\"a\\\"\":1},{\"") + std::string(16, '\0') + "\":2}]"));
+}
+
+TEST(JSONDocumentTest, FindsTheEndsOfTextsWhateverStandsBehind) {
+  for (const std::string space : {"", " ", "\t \r\n", "                                      "}) {
+    for (const std::string text :
+         {"", "a", "long enough to go on for more than a few words", R"(\")", R"(\\)", R"(a\\\"b)"}) {
+      const std::string quoted = "\"" + text + "\"" + space;
+      const std::string expected = parsed("\"" + text + "\"");
+      EXPECT_EQ(parsed(quoted), expected);
+      EXPECT_EQ(parsed("[" + quoted + "," + quoted + "]"), "[" + expected + "," + expected + ",]");
+      EXPECT_EQ(parsed("{" + quoted + ":" + quoted + "}"), "{" + expected + ":" + expected + ",}");
+    }
+  }
+}
+
+TEST(JSONDocumentTest, KnowsTextsWithEscapesFromThoseWithout) {
+  EXPECT_EQ(parsed(R"(["a","\u0041","b","c\n","d",{"\u0041":"e","f":"\u0041"},"g"])"),
+            "['a','A','b','c\n','d',{'A':'e','f':'A',},'g',]");
+}
+
+TEST(JSONDocumentTest, TakesWordsForNothingElse) {
+  for (const char* const word : {"true", "false", "null"}) EXPECT_TRUE(parseJSON(word)) << word;
+  for (const char* const word :
+       {"tru", "truE", "truee", "fals", "falze", "falsee", "nul", "nil", "nulll", "t", "f", "n"}) {
+    EXPECT_FALSE(parseJSON(word)) << word;
+    EXPECT_FALSE(parseJSON("[" + std::string(word) + "]")) << word;
+  }
+}
+
+TEST(JSONDocumentTest, SharesShortTextsWithThePrograms) {
+  TextPool texts;
+  const String known = texts.shared("known");
+  const std::optional<Value> value = parseJSON(R"(["known","unknown","known"])", texts);
+  const auto& elements = value->array()->elements();
+  EXPECT_TRUE(elements[0].string()->isSameAs(known));
+  EXPECT_TRUE(elements[2].string()->isSameAs(known));
+  EXPECT_EQ(texts.find("unknown"), nullptr);
+}
+
+TEST(JSONDocumentTest, KeepsWhatIsTakenOutOfADocument) {
+  Value kept;
+  {
+    const std::optional<Value> value = parseJSON(R"([{"a":["some text",{"b":"another text"}]},"rest"])");
+    kept = value->array()->elements()[0].dictionary()->entries()[0].value;
+  }
+  EXPECT_EQ(kept.description(), String("[some text, [b: another text]]"));
+}
+
 TEST(JSONDocumentTest, SharesKeysWithThePrograms) {
   TextPool texts;
   const String known = texts.shared("known");
@@ -316,6 +396,62 @@ TEST(JSONDocumentTest, ObjectsWithManyKeysAreReadLikeThoseWithFew) {
       EXPECT_FALSE(element.dictionary()->find("key"));
     }
   }
+}
+
+TEST(JSONDocumentTest, ObjectsWithManyKeysAreReadLikeThoseWithFewAlsoIfTheyRepeat) {
+  const auto object = [](int count, const std::vector<std::string>& others) {
+    std::string text = "{\"key 1\":0";
+    for (int number = 1; number < count; ++number)
+      text += ",\"key " + std::to_string(number) + "\":" + std::to_string(number);
+    for (const std::string& other : others) text += ",\"" + other + "\":\"" + other + "\"";
+    return text + "}";
+  };
+  for (const int count : {2, 63, 64, 65}) {
+    std::string document = "[";
+    std::vector<std::string> alone;
+    for (const std::vector<std::string>& others :
+         {std::vector<std::string>{}, {"one more"}, {}, {"key 1"}, {"one more", "one more"}, {"another"}, {}}) {
+      alone.push_back(object(count, others));
+      document += (document.size() > 1 ? "," : "") + alone.back();
+    }
+    std::string expected = "[";
+    for (const std::string& each : alone) expected += parsed(each) + ",";
+    EXPECT_EQ(parsed(document + "]"), expected + "]");
+    EXPECT_EQ(parseJSON(alone[0])->dictionary()->size(), static_cast<std::size_t>(count - 1));
+  }
+}
+
+TEST(JSONDocumentTest, ManyKindsOfObjectsAreReadLikeFew) {
+  std::mt19937 generator(20261122);
+  std::string document = "[";
+  std::string expected = "[";
+  for (int round = 0; round < 3000; ++round) {
+    std::string object = "{";
+    // A third of them are of one kind, so that there are always some more.
+    const std::size_t count = round % 3 == 0 ? 3 : generator() % 8;
+    for (std::size_t index = 0; index < count; ++index) {
+      const std::size_t key = round % 3 == 0 ? index : generator() % 40;
+      object += (index > 0 ? ",\"k" : "\"k") + std::to_string(key) + "\":\"" + std::to_string(round) + "\"";
+    }
+    object += "}";
+    document += (round > 0 ? "," : "") + object;
+    expected += parsed(object) + ",";
+  }
+  EXPECT_EQ(parsed(document + "]"), expected + "]");
+}
+
+TEST(JSONDocumentTest, ObjectsOfFewAmongManyKindsShareTheirKeysNoMore) {
+  std::string document = "[{\"first\":1,\"second\":2},{\"first\":3,\"second\":4}";
+  for (int number = 0; number < 2000; ++number) document += ",{\"key " + std::to_string(number) + "\":0}";
+  document += ",{\"late\":1},{\"late\":2},{\"first\":5,\"second\":6}]";
+  const std::optional<Value> value = parseJSON(document);
+  ASSERT_TRUE(value);
+  const auto& elements = value->array()->elements();
+  const auto keysOf = [&](std::size_t index) { return &elements[index].dictionary()->entries()[0].key; };
+  EXPECT_EQ(keysOf(0), keysOf(1));
+  EXPECT_EQ(keysOf(0), keysOf(2004));
+  EXPECT_NE(keysOf(2002), keysOf(2003));
+  EXPECT_EQ(shown(elements[2003]), "{'late':2,}");
 }
 
 std::string nested(std::size_t depth, std::string_view open, std::string_view close) {
