@@ -31,6 +31,7 @@ Value Interpreter::valueOf(const Subscript& node) {
   return value ? *value : elementOf(node);
 }
 
+/// A dictionary that is found at once stays where it is, if its key is found at once as well.
 Value Interpreter::elementOf(const Subscript& node) {
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(node.range);

@@ -90,7 +90,8 @@ String String::fromWellFormed(std::string_view text) {
 
 String String::fromWellFormed(std::string_view text, Grove& grove) {
   constexpr std::size_t longest = 256;  // of those that leave little of a piece of memory unused
-  return text.size() <= longest ? String(Planted::holding(text, grove)) : fromWellFormed(text);
+  if (text.size() > longest) return fromWellFormed(text);
+  return String(Planted::holding(text, grove));
 }
 
 String String::concatenation(std::initializer_list<std::string_view> pieces) {

@@ -92,27 +92,28 @@ struct Chain {
   std::string name;
   std::string first;
   std::string link;
+  std::size_t inner = 0;  // where another expression ends within the link
 };
 
 class DeepChain : public testing::TestWithParam<Chain> {
  protected:
   /// That `range` is one of the expressions which the chain consists of. Gives how many links that one has.
   static Int expectLinksFromTheStart(const Range& range) {
-    const auto& [name, first, link] = GetParam();
+    const auto& [name, first, link, inner] = GetParam();
     const Int length = static_cast<Int>(link.size());
     const Int linked = range.endColumn - 1 - static_cast<Int>(first.size());
     EXPECT_EQ(range.file, "main.velto");
     EXPECT_EQ(range.startLine, 2);
     EXPECT_EQ(range.startColumn, 1);
     EXPECT_EQ(range.endLine, 2);
-    EXPECT_EQ(linked % length, 0);
+    EXPECT_TRUE(linked % length == 0 || linked % length == static_cast<Int>(inner)) << linked;
     EXPECT_GT(linked, 0);
     return linked / length;
   }
 };
 
 TEST_P(DeepChain, ExhaustsTheStackWhenItIsEvaluated) {
-  const auto& [name, first, link] = GetParam();
+  const auto& [name, first, link, inner] = GetParam();
   const std::string program = "print(\"before\")\n" + first + repeated(link) + "\nprint(\"behind\")";
   std::vector<Int> linksLeft;
   onBothStacks([&] {
@@ -137,8 +138,9 @@ TEST_P(DeepChain, ExhaustsTheStackWhenItIsEvaluated) {
 INSTANTIATE_TEST_SUITE_P(Long, DeepChain,
                          testing::Values(Chain{"Additions", "1", "+1"}, Chain{"Conjunctions", "true", "&&true"},
                                          Chain{"Comparisons", "1", "==1"}, Chain{"Calls", "print", "()"},
-                                         Chain{"Members", "a", ".b"}, Chain{"Subscripts", "a", "[0]"},
-                                         Chain{"Checks", "1", " is Number"}),
+                                         Chain{"Members", "a", ".b"},
+                                         Chain{"MemberCalls", "\"a\"", ".snakeCased()", 11},
+                                         Chain{"Subscripts", "a", "[0]"}, Chain{"Checks", "1", " is Number"}),
                          [](const auto& info) { return info.param.name; });
 
 TEST(LongBranches, AreNoDepth) {

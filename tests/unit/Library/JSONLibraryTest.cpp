@@ -249,6 +249,20 @@ TEST(JSONDocumentTest, KnowsAnExpectedKeyOfAnyLength) {
   }
 }
 
+TEST(JSONDocumentTest, KnowsLongKeysFromThoseThatOnlyBeginLikeThem) {
+  const std::string start = "sixteen letters_";
+  const std::vector<std::string> keys{
+      start + "and more",           start + "and some", start + "and", start + "and more", start,
+      start + "and more than that", start + "and more"};
+  std::string document = "[";
+  std::string expected = "[";
+  for (const std::string& key : keys) {
+    document += (document.size() > 1 ? ",{\"" : "{\"") + key + "\":1}";
+    expected += "{'" + key + "':1,},";
+  }
+  EXPECT_EQ(parsed(document + "]"), expected + "]");
+}
+
 TEST(JSONDocumentTest, KnowsAnExpectedKeyAtTheEndOfTheDocument) {
   for (std::size_t length = 0; length <= 40; ++length) {
     const std::string key(length, 'k');
@@ -289,6 +303,16 @@ TEST(JSONDocumentTest, TakesWordsForNothingElse) {
        {"tru", "truE", "truee", "fals", "falze", "falsee", "nul", "nil", "nulll", "t", "f", "n"}) {
     EXPECT_FALSE(parseJSON(word)) << word;
     EXPECT_FALSE(parseJSON("[" + std::string(word) + "]")) << word;
+  }
+}
+
+TEST(JSONDocumentTest, TakesAnySpaceBehindWordsAndNumbers) {
+  for (const std::string space : {"", " ", "\t", "\n", "\r", " \t\n\r "}) {
+    EXPECT_EQ(parsed("[true" + space + ",1" + space + ",null" + space + "]"), "[true,1,nil,]");
+  }
+  for (const char* const space : {"\v", "\f", "\xC2\xA0", "\b"}) {
+    EXPECT_FALSE(parseJSON("[true" + std::string(space) + "]"));
+    EXPECT_FALSE(parseJSON("[1" + std::string(space) + "]"));
   }
 }
 
