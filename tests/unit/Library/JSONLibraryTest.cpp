@@ -263,6 +263,22 @@ TEST(JSONDocumentTest, KnowsLongKeysFromThoseThatOnlyBeginLikeThem) {
   EXPECT_EQ(parsed(document + "]"), expected + "]");
 }
 
+TEST(JSONDocumentTest, KnowsKeysThatAgreeInSomeOfTheirParts) {
+  std::vector<std::string> keys;
+  for (const std::string first : {"aaaaaaaa", "bbbbbbbb"}) {
+    for (const std::string second : {"", "a", "aaaaaaa", "bbbbbbb", "aaaaaab", "aaaaaaaa", "bbbbbbbb"}) {
+      keys.push_back(first + second);
+    }
+  }
+  for (const std::string& expected : keys) {
+    for (const std::string& other : keys) {
+      const std::string start = "[{\"" + expected + "\":1},{\"" + expected + "\":2},";
+      EXPECT_EQ(parsed(start + "{\"" + other + "\":3}]"),
+                "[{'" + expected + "':1,},{'" + expected + "':2,},{'" + other + "':3,},]");
+    }
+  }
+}
+
 TEST(JSONDocumentTest, KnowsAnExpectedKeyAtTheEndOfTheDocument) {
   for (std::size_t length = 0; length <= 40; ++length) {
     const std::string key(length, 'k');
@@ -462,6 +478,19 @@ TEST(JSONDocumentTest, ManyKindsOfObjectsAreReadLikeFew) {
     expected += parsed(object) + ",";
   }
   EXPECT_EQ(parsed(document + "]"), expected + "]");
+}
+
+TEST(JSONDocumentTest, ObjectsOfManyKindsShareTheirKeysWhereEachComesAgain) {
+  std::string document = "[0";
+  for (int number = 0; number < 3000; ++number) {
+    const std::string object = ",{\"key " + std::to_string(number) + "\":0}";
+    document += object + object + object;
+  }
+  const std::optional<Value> value = parseJSON(document + "]");
+  ASSERT_TRUE(value);
+  const auto& elements = value->array()->elements();
+  const auto keysOf = [&](std::size_t index) { return &elements[index].dictionary()->entries()[0].key; };
+  for (std::size_t index = 1; index < elements.size(); index += 3) ASSERT_EQ(keysOf(index), keysOf(index + 2));
 }
 
 TEST(JSONDocumentTest, ObjectsOfFewAmongManyKindsShareTheirKeysNoMore) {
