@@ -758,9 +758,10 @@ TEST_F(InterpreterTest, ReportsExhaustionAtTheBranchThatCantRun) {
       {"if 1 < 2 end return f()", {"f()"}},
       {"if 1 < 2 if 2 < 3 return f() end end", {"if 2 < 3", "return f()", "f()"}},
       {"g(1, 2, 3, 4, 5) end func g(_ a, _ b, _ c, _ d, _ e) return g(1, 2, 3, 4, 5)", {"g(1, 2, 3, 4, 5)"}}};
-  for (const auto& [body, places] : bodies) {
+  for (const auto& row : bodies) {
+    const std::string& body = row.first;
     std::set<Int> expected;
-    for (const std::string& place : places) expected.insert(static_cast<Int>(body.rfind(place)) + 11);
+    for (const std::string& place : row.second) expected.insert(static_cast<Int>(body.rfind(place)) + 11);
     const Statements program = parsed("func f()  " + body + " end f()");
     std::set<Int> told;
     test::onStack(test::smallStack, [&] {
