@@ -29,13 +29,13 @@ class HolderCount {
   }
 
   /// True when the last holder has gone.
-  [[gnu::always_inline]] bool decrement() noexcept {
+  [[gnu::always_inline]] bool decrement(std::uint32_t holders = 1) noexcept {
     if (isSingleThreaded()) {
-      const std::uint32_t left = count_.load(std::memory_order_relaxed) - 1;
+      const std::uint32_t left = count_.load(std::memory_order_relaxed) - holders;
       count_.store(left, std::memory_order_relaxed);
       return left == 0;
     }
-    return count_.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    return count_.fetch_sub(holders, std::memory_order_acq_rel) == holders;
   }
 
   /// Acquires: whoever finds itself the only holder may write where former holders have read.
@@ -69,7 +69,7 @@ class Counted {
 
  protected:
   /// Runs when the last holder has gone: ends this object, now or, where it stands deep within others that are being
-  /// disposed of, a little later. So a chain of a million objects is freed with a stack that doesn't grow.
+  /// disposed of, a little later.
   virtual void dispose() const noexcept;
 
  private:
@@ -132,8 +132,8 @@ class WeaklyCounted : public Counted {
   /// How many `WeakRef`s look at it.
   std::uint32_t observerCount() const noexcept { return observers_.get() - (isAlive() ? 1 : 0); }
   bool isObserved() const noexcept { return observerCount() != 0; }
-  /// Of an object that a `Ref` holds: whether no other one does, and nothing observes it. Both counts are at least 1, and
-  /// if no other bit is set they are 1.
+  /// Of an object that a `Ref` holds: whether no other one does, and nothing observes it. Both counts are at least 1,
+  /// and if no other bit is set they are 1.
   [[gnu::always_inline]] bool isUnshared() const noexcept { return (holderCount() | observers_.get()) == 1; }
 
   [[gnu::always_inline]] void observe() const noexcept { observers_.increment(); }
