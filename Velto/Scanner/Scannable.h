@@ -85,8 +85,10 @@ class ScannableArray : public Scannable<ScannableArray<T>, T> {
 
  private:
   Int count() const noexcept { return static_cast<Int>(elements.size()); }
+  /// A place before the first element is one far behind the last here.
   const T* at(Int position) const noexcept {
-    return position >= 0 && position < count() ? &elements[static_cast<std::size_t>(position)] : nullptr;
+    const auto place = static_cast<std::size_t>(position);
+    return place < elements.size() ? elements.data() + place : nullptr;
   }
 };
 
