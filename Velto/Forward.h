@@ -49,6 +49,8 @@ class Unpacker;
 // Parser
 class Expression;
 class ExpressionVisitor;
+struct CallArgument;
+struct CaseParts;
 class Parser;
 class Statement;
 class StatementVisitor;

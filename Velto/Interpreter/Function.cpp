@@ -1,35 +1,53 @@
 #include "Velto/Interpreter/Function.h"
 
 #include "Velto/Interpreter/Interpreter.h"
+#include "Velto/Parser/StatementNodes.h"
 
 namespace velto {
 
 namespace {
 
-Labels labelsOf(const FunctionDeclaration& declaration) {
+using Parameter = NodeOf<FunctionDeclaration>::Parameter;
+
+const NodeOf<FunctionDeclaration>& nodeOf(const Function& function) noexcept {
+  return function.statement().node<FunctionDeclaration>();
+}
+
+Labels labelsOf(std::span<const Parameter> parameters) {
   Labels labels;
-  labels.reserve(declaration.parameters.size());
-  for (const FunctionParameter& parameter : declaration.parameters) {
-    const bool isUnlabelled = parameter.label.type == TokenType::underscore;
-    labels.push_back(isUnlabelled ? Label() : Label(parameter.label.lexeme));
+  labels.reserve(parameters.size());
+  for (const Parameter& parameter : parameters) {
+    labels.push_back(parameter.isLabelled ? Label(parameter.label) : Label());
   }
   return labels;
 }
 
-std::uint64_t bitsOf(const std::vector<FunctionParameter>& parameters) {
+std::uint64_t bitsOf(std::span<const Parameter> parameters) {
   return Bindings::bitsOf(parameters.size(), [&](std::size_t index) -> const String& {  //
-    return parameters[index].name.lexeme;
+    return parameters[index].name;
   });
 }
 
 }  // namespace
 
 Function::Function(FunctionDeclaration declaration, Ref<Environment> closure)
+    : Function(Statement(std::move(declaration)).node_, std::move(closure)) {
+}
+
+Function::Function(Ref<const Node> declaration, Ref<Environment> closure)
     : declaration_(std::move(declaration)),
-      labels_(labelsOf(declaration_)),
-      parameterBits_(bitsOf(declaration_.parameters)),
+      labels_(labelsOf(nodeOf(*this).parameters())),
+      parameterBits_(bitsOf(nodeOf(*this).parameters())),
       closure_(std::move(closure)) {
   isDeclared_ = true;
+}
+
+FunctionDeclaration Function::declaration() const {
+  return recordOf(nodeOf(*this));
+}
+
+String Function::name() const {
+  return nodeOf(*this).name;
 }
 
 Value Function::call(Interpreter& interpreter, Arguments arguments, const ReportError&) const {
@@ -39,9 +57,10 @@ Value Function::call(Interpreter& interpreter, Arguments arguments, const Report
 String Function::description() const {
   StringBuilder text;
   text.append("func ").append(name()).append("(");
-  for (const FunctionParameter& parameter : declaration_.parameters) {
-    if (&parameter != &declaration_.parameters.front()) text.append(":");
-    text.append(parameter.label.lexeme);
+  const std::span<const Parameter> parameters = nodeOf(*this).parameters();
+  for (const Parameter& parameter : parameters) {
+    if (&parameter != &parameters.front()) text.append(":");
+    text.append(parameter.label);
   }
   return text.append(")").build();
 }

@@ -12,14 +12,18 @@ namespace [[gnu::visibility("default")]] velto {
 class Function final : public Callable {
  public:
   Function(FunctionDeclaration declaration, Ref<Environment> closure);
+  /// The node must be of a declaration.
+  Function(Ref<const Node> declaration, Ref<Environment> closure);
 
-  const FunctionDeclaration& declaration() const noexcept { return declaration_; }
+  FunctionDeclaration declaration() const;
+  /// The same as it stands in the tree.
+  const Statement& statement() const noexcept { return declaration_; }
   /// What `Bindings` has to know of the names of the parameters.
   std::uint64_t parameterBits() const noexcept { return parameterBits_; }
   /// The scope in which the declaration ran.
   const Ref<Environment>& closure() const noexcept { return closure_; }
 
-  String name() const override { return declaration_.name.lexeme; }
+  String name() const override;
   std::span<const Label> labels() const noexcept override { return labels_; }
   Value call(Interpreter& interpreter, Arguments arguments, const ReportError& reportError) const override;
 
@@ -27,7 +31,7 @@ class Function final : public Callable {
   String description() const;
 
  private:
-  FunctionDeclaration declaration_;
+  Statement declaration_;
   Labels labels_;
   std::uint64_t parameterBits_;
   Ref<Environment> closure_;

@@ -125,25 +125,25 @@ Value Interpreter::evaluateNode(const Expression& expression) {
     failExhausted(expression.range());
   switch (expression.kind()) {
     case ExpressionKinds::of<ArrayLiteral>:
-      return valueOf(expression.record<ArrayLiteral>());
+      return valueOf(expression.node<ArrayLiteral>());
     case ExpressionKinds::of<Assignment>:
-      return valueOf(expression.record<Assignment>());
+      return valueOf(expression.node<Assignment>());
     case ExpressionKinds::of<DictionaryLiteral>:
-      return valueOf(expression.record<DictionaryLiteral>());
+      return valueOf(expression.node<DictionaryLiteral>());
     case ExpressionKinds::of<Grouping>:
-      return valueOf(expression.record<Grouping>());
+      return valueOf(expression.node<Grouping>());
     case ExpressionKinds::of<Logical>:
-      return valueOf(expression.record<Logical>());
+      return valueOf(expression.node<Logical>());
     case ExpressionKinds::of<Member>:
-      return valueOf(expression.record<Member>());
+      return valueOf(expression.node<Member>());
     case ExpressionKinds::of<Tuple>:
-      return valueOf(expression.record<Tuple>());
+      return valueOf(expression.node<Tuple>());
     case ExpressionKinds::of<TypeCheck>:
-      return valueOf(expression.record<TypeCheck>());
+      return valueOf(expression.node<TypeCheck>());
     case ExpressionKinds::of<StringExpression>:
-      return valueOf(expression.record<StringExpression>());
+      return valueOf(expression.node<StringExpression>());
     case ExpressionKinds::of<Unary>:
-      return valueOf(expression.record<Unary>());
+      return valueOf(expression.node<Unary>());
     default:
       return visited(expression);
   }
@@ -154,7 +154,7 @@ void Interpreter::failExhausted(const Range& range) {
   fail(range, "Stack exhausted.");
 }
 
-void Interpreter::failExhausted(const Statements& statements) {
+void Interpreter::failExhausted(const StatementList& statements) {
   if (!statements.empty()) failExhausted(statements.front().range());
 }
 
@@ -166,7 +166,7 @@ Value Interpreter::visited(const Expression& expression) {
   return result;
 }
 
-void Interpreter::executeBlock(const Statements& statements) {
+void Interpreter::executeBlock(const StatementList& statements) {
   const ScopeGuard scope(*this);
   executeList(statements);
 }
@@ -182,11 +182,11 @@ void Interpreter::fail(const Range& range, String message) {
   velto::fail(*logger_, VeltoError::Step::interpret, range, std::move(message));
 }
 
-void Interpreter::visitVerbatim(const Verbatim& node) {
+void Interpreter::execute(const NodeOf<Verbatim>& node) {
   print(node.text);
 }
 
-void Interpreter::visitExpressionBlock(const ExpressionBlock& node) {
+void Interpreter::execute(const NodeOf<ExpressionBlock>& node) {
   const Value value = evaluate(node.expression);
   if (const String* text = value.string()) {
     print(*text);
@@ -205,74 +205,21 @@ void Interpreter::printDescription(const Value& value) {
   printed_ = std::move(text);
 }
 
-void Interpreter::visitExpressionStatement(const ExpressionStatement& node) {
-  if (node.expression.kind() == ExpressionKinds::of<Assignment>) return assign(node.expression.record<Assignment>());
+void Interpreter::execute(const NodeOf<ExpressionStatement>& node) {
+  if (node.expression.kind() == ExpressionKinds::of<Assignment>) return assign(node.expression.node<Assignment>());
   evaluate(node.expression);
 }
 
-void Interpreter::visitVariableDeclaration(const VariableDeclaration& node) {
-  const Value value = node.initializer ? evaluate(*node.initializer) : Value::uninitialized();
-  current().define(node.name, value);
+void Interpreter::execute(const NodeOf<VariableDeclaration>& node) {
+  declare(node, node.initializer ? evaluate(*node.initializer) : Value::uninitialized());
 }
 
-void Interpreter::visitArrayLiteral(const ArrayLiteral& node) {
-  finish(valueOf(node));
+void Interpreter::visit(const Statement& statement) {
+  execute(statement);
 }
 
-void Interpreter::visitAssignment(const Assignment& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitBinary(const Binary& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitCall(const Call& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitDictionaryLiteral(const DictionaryLiteral& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitGrouping(const Grouping& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitLiteral(const Literal& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitLogical(const Logical& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitMember(const Member& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitTuple(const Tuple& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitTypeCheck(const TypeCheck& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitStringExpression(const StringExpression& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitSubscript(const Subscript& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitUnary(const Unary& node) {
-  finish(valueOf(node));
-}
-
-void Interpreter::visitVariable(const Variable& node) {
-  finish(valueOf(node));
+void Interpreter::visit(const Expression& expression) {
+  lastResult_ = evaluate(expression);
 }
 
 }  // namespace velto

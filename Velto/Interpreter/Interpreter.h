@@ -16,7 +16,7 @@
 #include "Velto/Interpreter/ScopeStack.h"
 #include "Velto/Interpreter/SurvivingScopes.h"
 #include "Velto/Library/Library.h"
-#include "Velto/Parser/Statement.h"
+#include "Velto/Parser/RecordVisitor.h"
 #include "Velto/Platform/FileSystem.h"
 #include "Velto/Platform/StackGuard.h"
 #include "Velto/Processor/ParseCache.h"
@@ -31,7 +31,7 @@ namespace [[gnu::visibility("default")]] velto {
 /// Runs statements. Everything that lives for a run hangs from its interpreter, which belongs to one thread. A failure
 /// is reported to the logger and ends the innermost list that `interpret` runs; `break`, `continue` and `return` are
 /// tokens that travel outward until a loop, a call or `interpret` takes them.
-class Interpreter final : public StatementVisitor, public ExpressionVisitor {
+class Interpreter final : public RecordVisitor {
  public:
   /// Output of template text and expression blocks.
   using Print = std::function<void(const String&)>;
@@ -77,38 +77,10 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   /// Where a path of the language lies: under `baseURL` if there is one.
   Url resolve(const String& path) const;
 
-  void visitBreak(const Break& node) override;
-  void visitCase(const Case& node) override;
-  void visitContinue(const Continue& node) override;
-  void visitExpressionBlock(const ExpressionBlock& node) override;
-  void visitExpressionStatement(const ExpressionStatement& node) override;
-  void visitFor(const For& node) override;
-  void visitFunctionDeclaration(const FunctionDeclaration& node) override;
-  void visitIf(const If& node) override;
-  void visitInclude(const Include& node) override;
-  void visitReturn(const Return& node) override;
-  void visitSwitch(const Switch& node) override;
-  void visitVariableDeclaration(const VariableDeclaration& node) override;
-  void visitVerbatim(const Verbatim& node) override;
-  void visitWhile(const While& node) override;
-
-  void visitArrayLiteral(const ArrayLiteral& node) override;
-  void visitAssignment(const Assignment& node) override;
-  void visitBinary(const Binary& node) override;
-  void visitCall(const Call& node) override;
-  void visitDictionaryLiteral(const DictionaryLiteral& node) override;
-  void visitGrouping(const Grouping& node) override;
-  void visitLiteral(const Literal& node) override;
-  void visitLogical(const Logical& node) override;
-  void visitMember(const Member& node) override;
-  void visitTuple(const Tuple& node) override;
-  void visitTypeCheck(const TypeCheck& node) override;
-  void visitStringExpression(const StringExpression& node) override;
-  void visitSubscript(const Subscript& node) override;
-  void visitUnary(const Unary& node) override;
-  void visitVariable(const Variable& node) override;
-
  private:
+  void visit(const Statement& statement) override;
+  void visit(const Expression& expression) override;
+
   friend class Function;
   friend class ScopeGuard;
   class ReturnedValue;
@@ -119,9 +91,8 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   Value evaluate(const Expression& expression);
   Value evaluateNode(const Expression& expression);
   [[gnu::noinline]] Value visited(const Expression& expression);
-  void finish(Value result) { lastResult_ = std::move(result); }
-  void executeBlock(const Statements& statements);
-  void executeList(const Statements& statements);
+  void executeBlock(const StatementList& statements);
+  void executeList(const StatementList& statements);
   void interpretList(const Statements& statements);
   void reportStrayTokens();
   void reportStray(Jumps::Kind kind, std::string_view message);
@@ -130,114 +101,143 @@ class Interpreter final : public StatementVisitor, public ExpressionVisitor {
   void renewScope();
   [[gnu::noinline]] void replaceScope();
   [[noreturn]] void fail(const Range& range, String message);
+  /// At one of the tokens of the record, which is worth making then.
+  template <typename Record>
+  [[noreturn, gnu::cold, gnu::noinline]] void fail(const NodeOf<Record>& node, Token Record::*token, String message);
   [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const Range& range);
-  [[gnu::cold, gnu::noinline]] void failExhausted(const Statements& statements);
+  template <typename Record>
+  [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const NodeOf<Record>& node);
+  [[gnu::cold, gnu::noinline]] void failExhausted(const StatementList& statements);
+
+  // What each kind of statement does
+  void execute(const NodeOf<Break>& node);
+  void execute(const NodeOf<Continue>& node);
+  void execute(const NodeOf<ExpressionBlock>& node);
+  void execute(const NodeOf<ExpressionStatement>& node);
+  void execute(const NodeOf<For>& node);
+  void execute(const NodeOf<FunctionDeclaration>& node);
+  void execute(const NodeOf<If>& node);
+  void execute(const NodeOf<Include>& node);
+  void execute(const NodeOf<Return>& node);
+  void execute(const NodeOf<Switch>& node);
+  void execute(const NodeOf<VariableDeclaration>& node);
+  void execute(const NodeOf<Verbatim>& node);
+  void execute(const NodeOf<While>& node);
 
   // What each kind of expression evaluates to
-  Value valueOf(const ArrayLiteral& node);
-  Value valueOf(const Assignment& node);
-  Value valueOf(const Binary& node);
-  Value valueOf(const Call& node);
-  Value valueOf(const DictionaryLiteral& node);
-  Value valueOf(const Grouping& node);
-  Value valueOf(const Literal& node);
-  Value valueOf(const Logical& node);
-  Value valueOf(const Member& node);
-  Value valueOf(const Tuple& node);
-  Value valueOf(const TypeCheck& node);
-  Value valueOf(const StringExpression& node);
-  Value valueOf(const Subscript& node);
-  Value valueOf(const Unary& node);
-  Value valueOf(const Variable& node);
-  Value valueOf(const Return& node);
-  void assign(const Assignment& node);
-  void store(const Assignment& node, Value value);
-  void appendPieces(const StringExpression& node, std::size_t first, StringBuilder& text);
-  static const StringExpression* textThatGrows(const Assignment& node);
-  static const StringExpression* beginningWithItself(const Assignment& node);
-  Value grow(const Assignment& node, const StringExpression& text);
+  Value valueOf(const NodeOf<ArrayLiteral>& node);
+  Value valueOf(const NodeOf<Assignment>& node);
+  Value valueOf(const NodeOf<Binary>& node);
+  Value valueOf(const NodeOf<Call>& node);
+  Value valueOf(const NodeOf<DictionaryLiteral>& node);
+  Value valueOf(const NodeOf<Grouping>& node);
+  Value valueOf(const NodeOf<Literal>& node);
+  Value valueOf(const NodeOf<Logical>& node);
+  Value valueOf(const NodeOf<Member>& node);
+  Value valueOf(const NodeOf<Tuple>& node);
+  Value valueOf(const NodeOf<TypeCheck>& node);
+  Value valueOf(const NodeOf<StringExpression>& node);
+  Value valueOf(const NodeOf<Subscript>& node);
+  Value valueOf(const NodeOf<Unary>& node);
+  Value valueOf(const NodeOf<Variable>& node);
+  Value valueOf(const NodeOf<Return>& node);
+  void assign(const NodeOf<Assignment>& node);
+  void store(const NodeOf<Assignment>& node, Value value);
+  template <typename Record>
+  void declare(const NodeOf<Record>& node, const Value& value);
+  template <typename Record>
+  [[gnu::cold, gnu::noinline]] void declareAgain(const NodeOf<Record>& node, const Value& value);
+  [[gnu::noinline]] void storeAnew(const NodeOf<Assignment>& node, Value value, const Local& local);
+  [[gnu::noinline]] void storeOutward(const NodeOf<Assignment>& node, Value value);
+  void appendPieces(const NodeOf<StringExpression>& node, std::size_t first, StringBuilder& text);
+  static const NodeOf<StringExpression>* textThatGrows(const NodeOf<Assignment>& node);
+  static const NodeOf<StringExpression>* beginningWithItself(const NodeOf<Assignment>& node);
+  Value grow(const NodeOf<Assignment>& node, const NodeOf<StringExpression>& text);
 
   // InterpreterOperators.cpp: operators, literals, variables and assignment
-  bool areSame(const Value& left, const Value& right, const Range& range);
+  template <typename FindRange>
+  bool areSame(const Value& left, const Value& right, const FindRange& findRange);
   bool areEqual(const Value& left, const Value& right, const Range& range);
   bool callEquals(const Callable& equals, const Value& left, const Value& right, const Range& range);
-  Value calculate(const Token& operator_, double left, double right);
-  [[gnu::noinline]] Value makeIntegerRange(const Token& operator_, double lower, double upper);
-  bool evaluateOperand(const Expression& operand, const Token& operator_);
-  const Value* findAtOnce(const Variable& node) noexcept;
-  const Value* findAtOnce(const Subscript& node) noexcept;
+  Value calculate(const NodeOf<Binary>& node, double left, double right);
+  [[gnu::noinline]] Value makeIntegerRange(const NodeOf<Binary>& node, double lower, double upper);
+  bool evaluateOperand(const Expression& operand, const NodeOf<Logical>& node);
+  const Value* findAtOnce(const NodeOf<Variable>& node) noexcept;
+  const Value* findAtOnce(const NodeOf<Subscript>& node) noexcept;
   const Value* findValue(const Expression& expression) noexcept;
   static const String* literalText(const Expression& expression) noexcept;
   [[gnu::noinline]] const String* findText(const Expression& expression) noexcept;
+  [[gnu::noinline]] Value readVariable(const NodeOf<Variable>& node);
   Value readVariable(const Token& name, const Uuid& id);
   const double* findNumber(const Expression& expression) noexcept;
-  [[gnu::noinline]] Value combine(const Binary& node);
-  static bool isEquality(const Binary& node) noexcept {
-    return node.operator_.type == TokenType::equal || node.operator_.type == TokenType::notEqual;
-  }
+  [[gnu::noinline]] Value combine(const NodeOf<Binary>& node);
+  [[gnu::noinline]] Value compare(const NodeOf<Binary>& node, const Value& left, const Value& right);
+  static bool isEquality(const NodeOf<Binary>& node) noexcept;
   enum class Answer { no, yes, unknown };
   /// Of a comparison of two texts that are found at once; unknown for any other. Nothing runs.
-  [[gnu::noinline]] Answer compareTexts(const Binary& node);
-  [[gnu::noinline]] Value lookUp(const Variable& node);
-  Value evaluateKey(const Expression& key, const Range& range);
+  [[gnu::noinline]] Answer compareTexts(const NodeOf<Binary>& node);
+  [[gnu::noinline]] Value lookUp(const NodeOf<Variable>& node);
+  template <typename FindRange>
+  Value evaluateKey(const Expression& key, const FindRange& findRange);
 
   // InterpreterMembers.cpp: members and subscripts
-  Value memberOf(const Value& object, const Member& node);
-  [[gnu::noinline]] Value elementOf(const Subscript& node);
-  static Value entry(const Subscript& node, const Dictionary& dictionary, const String& key);
-  Value element(const Subscript& node, const Array& array);
-  Value element(const Subscript& node, const Dictionary& dictionary);
-  Value element(const Subscript& node, const String& string);
+  Value memberOf(const Value& object, const NodeOf<Member>& node);
+  [[gnu::noinline]] Value elementOf(const NodeOf<Subscript>& node);
+  static Value entry(const NodeOf<Subscript>& node, const Dictionary& dictionary, const String& key);
+  Value element(const NodeOf<Subscript>& node, const Array& array);
+  Value element(const NodeOf<Subscript>& node, const Dictionary& dictionary);
+  Value element(const NodeOf<Subscript>& node, const String& string);
 
   // InterpreterCalls.cpp: calls and function declarations
   const Callable* findCallable(const Expression& callee) noexcept;
-  [[gnu::noinline]] Ref<const Callable> evaluateCallee(const Call& node);
-  [[gnu::noinline]] Value callMember(const Call& node, const Member& member);
-  [[gnu::noinline]] Value callAnyMember(const Call& node, const Member& member);
-  [[gnu::noinline]] Value callValue(const Call& node);
-  [[gnu::noinline]] Value callOther(const Call& node, const Callable& callee);
-  const Callable& callableOf(const Call& node, const Value& callee);
+  [[gnu::noinline]] Ref<const Callable> evaluateCallee(const NodeOf<Call>& node);
+  [[gnu::noinline]] Value callMember(const NodeOf<Call>& node, const NodeOf<Member>& member);
+  [[gnu::noinline]] Value callAnyMember(const NodeOf<Call>& node, const NodeOf<Member>& member);
+  [[gnu::noinline]] Value callValue(const NodeOf<Call>& node);
+  [[gnu::noinline]] Value callOther(const NodeOf<Call>& node, const Callable& callee);
+  const Callable& callableOf(const NodeOf<Call>& node, const Value& callee);
   template <typename Callee>
-  [[gnu::always_inline]] Value call(const Call& node, const Callee& callee);
+  [[gnu::always_inline]] Value call(const NodeOf<Call>& node, const Callee& callee);
   template <typename Callee>
-  [[gnu::noinline]] Value callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels);
+  [[gnu::noinline]] Value callWithMany(const NodeOf<Call>& node, const Callee& callee, std::span<const Label> labels);
   template <typename Callee>
-  [[gnu::always_inline]] Value call(const Call& node, const Callee& callee, std::span<const Label> labels,
+  [[gnu::always_inline]] Value call(const NodeOf<Call>& node, const Callee& callee, std::span<const Label> labels,
                                     std::byte* memory);
-  [[gnu::always_inline]] Value callWith(const Call& node, const Function& function, Arguments arguments);
-  Value callWith(const Call& node, const Callable& callee, Arguments arguments);
-  [[gnu::cold, gnu::noinline]] void tellOfCall(const Call& node, const Callable& callee,
+  [[gnu::always_inline]] Value callWith(const NodeOf<Call>& node, const Function& function, Arguments arguments);
+  Value callWith(const NodeOf<Call>& node, const Callable& callee, Arguments arguments);
+  [[gnu::cold, gnu::noinline]] void tellOfCall(const NodeOf<Call>& node, const Callable& callee,
                                                std::span<const Value> arguments);
-  [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const Call& node, const Callable& callee);
+  [[noreturn, gnu::cold, gnu::noinline]] void failArgumentCount(const NodeOf<Call>& node, const Callable& callee);
   Value call(const Function& function, Arguments arguments);
   [[gnu::noinline]] Value callAtFirst(const Function& function, Arguments arguments);
   Value run(const Function& function, Arguments arguments);
   void bind(const Function& function, Arguments arguments);
-  [[gnu::noinline]] void bindOthers(const std::vector<FunctionParameter>& parameters, Arguments arguments);
-  Value executeBody(const Statements& body);
-  [[gnu::noinline]] bool returnsFrom(const Statements& branch, ReturnedValue& result);
+  [[gnu::noinline]] void bindOthers(const NodeOf<FunctionDeclaration>& declaration, Arguments arguments);
+  Value executeBody(const StatementList& body);
+  [[gnu::noinline]] bool returnsFrom(const StatementList& branch, ReturnedValue& result);
   Value takeReturnValue();
   void printDescription(const Value& value);
-  void checkLabel(const Label& expected, const Call::Argument& argument);
+  [[gnu::noinline]] void checkLabel(const NodeOf<Call>& node, const CallArgument& argument, const Label& expected);
 
   // InterpreterBranches.cpp: branches, loops and includes
-  const Statements* chooseBranch(const If& node);
-  [[gnu::noinline]] const Statements* chooseOtherBranch(const If& node);
-  [[gnu::noinline]] const Statements* chooseAnyBranch(const If& node);
+  const StatementList* chooseBranch(const NodeOf<If>& node);
+  [[gnu::noinline]] const StatementList* chooseOtherBranch(const NodeOf<If>& node);
+  [[gnu::noinline]] const StatementList* chooseAnyBranch(const NodeOf<If>& node);
   [[gnu::noinline]] bool evaluateCondition(const Expression& condition);
   bool evaluateAnyCondition(const Expression& condition);
   bool compareAtOnce(const Expression& condition, bool& isMet) noexcept;
-  bool executeLoopBody(const Statements& body);
+  bool executeLoopBody(const StatementList& body);
   [[gnu::noinline]] bool takeLoopJumps();
-  void iterate(const For& node, const Value& sequence);
-  void assignLoopVariable(const Token& name, std::uint32_t place, Value value);
-  void iterateIntegers(const For& node, const Token& name, Int lower, Int upper);
-  void iterateArray(const For& node, const Token& name, const Array& array);
-  void iterateDictionary(const For& node, const Dictionary& dictionary);
-  const Token& loopVariable(const For& node);
-  bool matches(const Value& value, const Pattern& pattern);
+  void iterate(const NodeOf<For>& node, const Value& sequence);
+  void assignLoopVariable(const NodeOf<For>& node, std::uint32_t place, Value value);
+  [[gnu::noinline]] void assignMovedLoopVariable(const NodeOf<For>& node, std::uint32_t place, Value value);
+  void iterateIntegers(const NodeOf<For>& node, Int lower, Int upper);
+  void iterateArray(const NodeOf<For>& node, const Array& array);
+  void iterateDictionary(const NodeOf<For>& node, const Dictionary& dictionary);
+  void expectLoopVariable(const NodeOf<For>& node);
+  bool matches(const Value& value, const CaseParts& clause);
   const Url& resolveInclude(const String& path);
-  ParseCache::FileStatements parseIncluded(const Include& node, const String& path);
+  ParseCache::FileStatements parseIncluded(const NodeOf<Include>& node, const String& path);
 
   /// By bytes, though the hash goes by equivalence, since it is at hand.
   struct SameBytes {

@@ -17,11 +17,11 @@ namespace velto {
 /// making a value.
 [[gnu::always_inline]] inline bool Interpreter::compareAtOnce(const Expression& condition, bool& isMet) noexcept {
   if (condition.kind() != ExpressionKinds::of<Binary>) return false;
-  const auto& comparison = condition.record<Binary>();
+  const auto& comparison = condition.node<Binary>();
   const double* const left = findNumber(comparison.left);
   const double* const right = left ? findNumber(comparison.right) : nullptr;
   if (!right) return false;
-  switch (comparison.operator_.type) {
+  switch (comparison.operator_()) {
     case TokenType::equal:
       isMet = *left == *right;
       return true;
@@ -46,8 +46,8 @@ namespace velto {
 }
 
 [[gnu::always_inline]] inline bool Interpreter::evaluateAnyCondition(const Expression& condition) {
-  if (condition.kind() == ExpressionKinds::of<Binary> && isEquality(condition.record<Binary>())) {
-    const Answer answer = compareTexts(condition.record<Binary>());
+  if (condition.kind() == ExpressionKinds::of<Binary> && isEquality(condition.node<Binary>())) {
+    const Answer answer = compareTexts(condition.node<Binary>());
     if (answer != Answer::unknown) return answer == Answer::yes;
   }
   const Value value = evaluate(condition);
@@ -60,40 +60,39 @@ bool Interpreter::evaluateCondition(const Expression& condition) {
   return compareAtOnce(condition, isMet) ? isMet : evaluateAnyCondition(condition);
 }
 
-void Interpreter::visitIf(const If& node) {
-  if (const Statements* branch = chooseBranch(node)) executeBlock(*branch);
+void Interpreter::execute(const NodeOf<If>& node) {
+  if (const StatementList* branch = chooseBranch(node)) executeBlock(*branch);
 }
 
 /// The statements that have to run, or null. Parts that aren't always needed stand apart: then this saves no registers.
-const Statements* Interpreter::chooseBranch(const If& node) {
+const StatementList* Interpreter::chooseBranch(const NodeOf<If>& node) {
   bool isMet = false;
-  if (!node.mainBranch.condition || !compareAtOnce(*node.mainBranch.condition, isMet)) return chooseAnyBranch(node);
-  if (isMet) return &node.mainBranch.statements;
-  return node.elseIfBranches.empty() && !node.elseBranch ? nullptr : chooseOtherBranch(node);
+  const NodeOf<If>::Branch& main = node.mainBranch();
+  if (!main.condition || !compareAtOnce(*main.condition, isMet)) return chooseAnyBranch(node);
+  if (isMet) return &main.body;
+  return node.count == 1 ? nullptr : chooseOtherBranch(node);
 }
 
-const Statements* Interpreter::chooseAnyBranch(const If& node) {
-  const IfBranch& main = node.mainBranch;
-  return !main.condition || evaluateAnyCondition(*main.condition) ? &main.statements : chooseOtherBranch(node);
+const StatementList* Interpreter::chooseAnyBranch(const NodeOf<If>& node) {
+  const NodeOf<If>::Branch& main = node.mainBranch();
+  return !main.condition || evaluateAnyCondition(*main.condition) ? &main.body : chooseOtherBranch(node);
 }
 
-const Statements* Interpreter::chooseOtherBranch(const If& node) {
-  for (const IfBranch& branch : node.elseIfBranches) {
-    if (!branch.condition || evaluateCondition(*branch.condition)) return &branch.statements;
+const StatementList* Interpreter::chooseOtherBranch(const NodeOf<If>& node) {
+  for (const NodeOf<If>::Branch& branch : node.otherBranches()) {
+    if (!branch.condition || evaluateCondition(*branch.condition)) return &branch.body;
   }
-  if (!node.elseBranch) return nullptr;
-  const IfBranch& last = *node.elseBranch;
-  return !last.condition || evaluateCondition(*last.condition) ? &last.statements : nullptr;
+  return nullptr;
 }
 
 /// Runs the body once, in the current scope, which it leaves as good as new; false when the loop has to end.
-[[gnu::always_inline]] inline bool Interpreter::executeLoopBody(const Statements& body) {
+[[gnu::always_inline]] inline bool Interpreter::executeLoopBody(const StatementList& body) {
   executeList(body);
   renewScope();
   return !jumps_.areAny() || takeLoopJumps();
 }
 
-void Interpreter::visitWhile(const While& node) {
+void Interpreter::execute(const NodeOf<While>& node) {
   while (evaluateCondition(node.condition)) {
     const ScopeGuard body(*this);
     if (!executeLoopBody(node.body)) return;
@@ -107,22 +106,24 @@ bool Interpreter::takeLoopJumps() {
   return !jumps_.has(Jumps::Kind::return_);
 }
 
-void Interpreter::visitFor(const For& node) {
+void Interpreter::execute(const NodeOf<For>& node) {
   const Value sequence = evaluate(node.sequence);
   const ScopeGuard loop(*this);
-  for (const Token& name : node.tuple.names) current().define(name.lexeme, Value::uninitialized());
+  for (const NodeOf<For>::Name& name : node.names()) current().define(name.lexeme, Value::uninitialized());
   iterate(node, sequence);
 }
 
-void Interpreter::iterate(const For& node, const Value& sequence) {
+void Interpreter::iterate(const NodeOf<For>& node, const Value& sequence) {
   if (const CountableRange* open = sequence.openRange()) {
-    iterateIntegers(node, loopVariable(node), open->lower, open->upper);
+    expectLoopVariable(node);
+    iterateIntegers(node, open->lower, open->upper);
   } else if (const CountableClosedRange* closed = sequence.closedRange()) {
-    const Token& name = loopVariable(node);
+    expectLoopVariable(node);
     if (closed->upper == std::numeric_limits<Int>::max()) fatalError("A loop can't run up to the largest integer.");
-    iterateIntegers(node, name, closed->lower, closed->upper + 1);
+    iterateIntegers(node, closed->lower, closed->upper + 1);
   } else if (const Array* array = sequence.array()) {
-    iterateArray(node, loopVariable(node), *array);
+    expectLoopVariable(node);
+    iterateArray(node, *array);
   } else if (const Dictionary* dictionary = sequence.dictionary()) {
     iterateDictionary(node, *dictionary);
   } else {
@@ -132,82 +133,84 @@ void Interpreter::iterate(const For& node, const Value& sequence) {
 
 /// The scope of the loop lies around that of the body, which is the current one. The variable stands there at `place`,
 /// unless a host has changed the scope.
-[[gnu::always_inline]] inline void Interpreter::assignLoopVariable(const Token& name, std::uint32_t place,
+[[gnu::always_inline]] inline void Interpreter::assignLoopVariable(const NodeOf<For>& node, std::uint32_t place,
                                                                    Value value) {
-  Environment& loop = stack_.belowTop();
-  if (Value* variable = loop.values.findAt(place, name.lexeme)) {
+  if (Value* variable = stack_.belowTop().values.findAt(place, node.names()[place].lexeme)) {
     *variable = std::move(value);
   } else {
-    loop.assign(name, std::move(value));
+    assignMovedLoopVariable(node, place, std::move(value));
   }
 }
 
-void Interpreter::iterateIntegers(const For& node, const Token& name, Int lower, Int upper) {
+void Interpreter::assignMovedLoopVariable(const NodeOf<For>& node, std::uint32_t place, Value value) {
+  Environment& loop = stack_.belowTop();
+  if (Value* variable = loop.find(node.names()[place].lexeme)) {
+    *variable = std::move(value);
+  } else {
+    loop.assign(recordOf(node).tuple.names[place], std::move(value));
+  }
+}
+
+void Interpreter::iterateIntegers(const NodeOf<For>& node, Int lower, Int upper) {
   const ScopeGuard body(*this);
   for (Int number = lower; number < upper; ++number) {
-    assignLoopVariable(name, 0, number);
+    assignLoopVariable(node, 0, number);
     if (!executeLoopBody(node.body)) return;
   }
 }
 
-void Interpreter::iterateArray(const For& node, const Token& name, const Array& array) {
+void Interpreter::iterateArray(const NodeOf<For>& node, const Array& array) {
   const ScopeGuard body(*this);
   for (const Value& element : array.elements()) {
-    assignLoopVariable(name, 0, element);
+    assignLoopVariable(node, 0, element);
     if (!executeLoopBody(node.body)) return;
   }
 }
 
-const Token& Interpreter::loopVariable(const For& node) {
-  if (node.tuple.names.size() != 1) fail(node.tuple.range, "For loop expected a single variable.");
-  return node.tuple.names.front();
+void Interpreter::expectLoopVariable(const NodeOf<For>& node) {
+  if (node.count != 1) fail(recordOf(node).tuple.range, "For loop expected a single variable.");
 }
 
-void Interpreter::iterateDictionary(const For& node, const Dictionary& dictionary) {
-  if (node.tuple.names.size() != 2) fail(node.tuple.range, "For loop expected two variables.");
+void Interpreter::iterateDictionary(const NodeOf<For>& node, const Dictionary& dictionary) {
+  if (node.count != 2) fail(recordOf(node).tuple.range, "For loop expected two variables.");
   const ScopeGuard body(*this);
   for (const auto& [key, value] : dictionary.entries()) {
-    assignLoopVariable(node.tuple.names[0], 0, key);
-    assignLoopVariable(node.tuple.names[1], 1, value);
+    assignLoopVariable(node, 0, key);
+    assignLoopVariable(node, 1, value);
     if (!executeLoopBody(node.body)) return;
   }
 }
 
-void Interpreter::visitSwitch(const Switch& node) {
+void Interpreter::execute(const NodeOf<Switch>& node) {
   const Value value = evaluate(node.expr);
-  for (const Case& case_ : node.cases) {
-    if (matches(value, case_.pattern)) return executeBlock(case_.body);
+  for (const CaseParts& clause : node.cases()) {
+    if (matches(value, clause)) return executeBlock(clause.body);
   }
   executeBlock(node.defaultBody);
 }
 
-bool Interpreter::matches(const Value& value, const Pattern& pattern) {
-  if (const Token* type = std::get_if<Token>(&pattern)) return value.isOf(MetaType(type->lexeme));
-  const Expression& expression = std::get<Expression>(pattern);
-  const Value patternValue = evaluate(expression);
-  return areSame(value, patternValue, expression.range());
+bool Interpreter::matches(const Value& value, const CaseParts& clause) {
+  if (!clause.expression) return value.isOf(MetaType(clause.type));
+  const Value pattern = evaluate(*clause.expression);
+  return areSame(value, pattern, [&] { return clause.expression->range(); });
 }
 
-/// Cases are read by their `switch`, and never visited.
-void Interpreter::visitCase(const Case&) {
-}
-
-void Interpreter::visitInclude(const Include& node) {
+void Interpreter::execute(const NodeOf<Include>& node) {
   const Value file = evaluate(node.file);
   const String* path = file.string();
-  if (!path) fail(node.include.range, "Include needs a string.");
+  if (!path) fail(node, &Include::include, "Include needs a string.");
   const ScopeGuard scope(*this);
   const ParseCache::FileStatements statements = parseIncluded(node, *path);
   interpret(*statements);
 }
 
-ParseCache::FileStatements Interpreter::parseIncluded(const Include& node, const String& path) {
+ParseCache::FileStatements Interpreter::parseIncluded(const NodeOf<Include>& node, const String& path) {
   try {
     return parseCache_.getOrParse(resolveInclude(path), Scanner::Mode::template_);
   } catch (const std::bad_alloc&) {
     throw;
   } catch (const std::exception& error) {
-    fail(node.range(), String::concatenation({"Cannot include '", path, "': ", error.what(), "."}));
+    fail(rangeOf(node), String::concatenation({"Cannot include '", path, "': ", error.what(), "."}));
   }
 }
 
@@ -217,18 +220,18 @@ const Url& Interpreter::resolveInclude(const String& path) {
   return known != includes_.end() ? known->second : includes_.emplace(path, resolve(path)).first->second;
 }
 
-void Interpreter::visitReturn(const Return& node) {
+void Interpreter::execute(const NodeOf<Return>& node) {
   Value value = valueOf(node);
-  jumps_.set(Jumps::Kind::return_, node.keyword.range);
+  jumps_.set(Jumps::Kind::return_, keywordRangeOf(node));
   returnValue_ = std::move(value);
 }
 
-void Interpreter::visitBreak(const Break& node) {
-  jumps_.set(Jumps::Kind::break_, node.token.range);
+void Interpreter::execute(const NodeOf<Break>& node) {
+  jumps_.set(Jumps::Kind::break_, rangeOf(node));
 }
 
-void Interpreter::visitContinue(const Continue& node) {
-  jumps_.set(Jumps::Kind::continue_, node.token.range);
+void Interpreter::execute(const NodeOf<Continue>& node) {
+  jumps_.set(Jumps::Kind::continue_, rangeOf(node));
 }
 
 }  // namespace velto

@@ -16,6 +16,14 @@
 
 namespace velto {
 
+namespace {
+
+[[gnu::always_inline]] inline const NodeOf<FunctionDeclaration>& nodeOf(const Function& function) noexcept {
+  return function.statement().node<FunctionDeclaration>();
+}
+
+}  // namespace
+
 /// Room for what a branch returns, made where it stays, and taken if it was made.
 class Interpreter::ReturnedValue {
  public:
@@ -36,11 +44,11 @@ Value Interpreter::takeReturnValue() {
 }
 
 /// A `return` that stands in the body itself, or in branches there, needs no token, which would be taken right here.
-[[gnu::always_inline]] inline Value Interpreter::executeBody(const Statements& body) {
+[[gnu::always_inline]] inline Value Interpreter::executeBody(const StatementList& body) {
   for (const Statement& statement : body) {
-    if (statement.kind() == StatementKinds::of<Return>) return valueOf(statement.record<Return>());
+    if (statement.kind() == StatementKinds::of<Return>) return valueOf(statement.node<Return>());
     if (statement.kind() == StatementKinds::of<If>) {
-      if (const Statements* branch = chooseBranch(statement.record<If>())) {
+      if (const StatementList* branch = chooseBranch(statement.node<If>())) {
         ReturnedValue result;
         if (returnsFrom(*branch, result)) return result.take();
       }
@@ -53,17 +61,17 @@ Value Interpreter::takeReturnValue() {
 }
 
 /// Whether the branch returns, and has made `result`.
-bool Interpreter::returnsFrom(const Statements& branch, ReturnedValue& result) {
+bool Interpreter::returnsFrom(const StatementList& branch, ReturnedValue& result) {
   const ScopeGuard scope(*this);
   if (guard_.isExhausted()) [[unlikely]]
     failExhausted(branch);
   for (const Statement& statement : branch) {
     if (statement.kind() == StatementKinds::of<Return>) {
-      result.make([&]() __attribute__((always_inline)) { return valueOf(statement.record<Return>()); });
+      result.make([&]() __attribute__((always_inline)) { return valueOf(statement.node<Return>()); });
       return true;
     }
     if (statement.kind() == StatementKinds::of<If>) {
-      const Statements* const inner = chooseBranch(statement.record<If>());
+      const StatementList* const inner = chooseBranch(statement.node<If>());
       if (inner && returnsFrom(*inner, result)) return true;
     } else {
       execute(statement);
@@ -77,18 +85,19 @@ bool Interpreter::returnsFrom(const Statements& branch, ReturnedValue& result) {
 }
 
 [[gnu::always_inline]] inline void Interpreter::bind(const Function& function, Arguments arguments) {
-  const std::vector<FunctionParameter>& parameters = function.declaration().parameters;
-  const auto nameAt = [&](std::size_t index) -> const String& { return parameters[index].name.lexeme; };
+  const std::span<const NodeOf<FunctionDeclaration>::Parameter> parameters = nodeOf(function).parameters();
+  const auto nameAt = [&](std::size_t index) -> const String& { return parameters[index].name; };
   if (current().values.addAllAgain(arguments.values(), function.parameterBits(), nameAt)) return;
-  bindOthers(parameters, arguments);
+  bindOthers(nodeOf(function), arguments);
 }
 
 /// A name that is there already is refused by `define`, which tells so.
-void Interpreter::bindOthers(const std::vector<FunctionParameter>& parameters, Arguments arguments) {
+void Interpreter::bindOthers(const NodeOf<FunctionDeclaration>& declaration, Arguments arguments) {
   Environment& scope = current();
-  for (std::size_t index = scope.values.size(); index < std::min(parameters.size(), arguments.size()); ++index) {
-    const Token& name = parameters[index].name;
-    if (!scope.values.add(name.lexeme, arguments[index])) scope.define(name, arguments[index]);
+  const std::size_t end = std::min<std::size_t>(declaration.count, arguments.size());
+  for (std::size_t index = scope.values.size(); index < end; ++index) {
+    if (scope.values.add(declaration.parameters()[index].name, arguments[index])) continue;
+    scope.define(recordOf(declaration).parameters[index].name, arguments[index]);
   }
 }
 
@@ -97,7 +106,7 @@ Value Interpreter::call(const Function& function, Arguments arguments) {
   if (depth_ == 0 && !isCalled_) [[unlikely]]
     return callAtFirst(function, arguments);
   if (guard_.isExhausted()) [[unlikely]]
-    failExhausted(function.declaration().body);
+    failExhausted(nodeOf(function).body);
   return run(function, arguments.first(function.labels().size()));
 }
 
@@ -118,12 +127,12 @@ Value Interpreter::callAtFirst(const Function& function, Arguments arguments) {
   // The scope hangs on the declaring scope, not on the caller's.
   const ScopeGuard guard(*this, *function.closure());
   bind(function, arguments);
-  return executeBody(function.declaration().body);
+  return executeBody(nodeOf(function).body);
 }
 
-Value Interpreter::callValue(const Call& node) {
+Value Interpreter::callValue(const NodeOf<Call>& node) {
   if (guard_.isExhausted()) [[unlikely]]
-    failExhausted(node.range);
+    failExhausted(node);
   // Held, since the variable may get another value meanwhile.
   const Callable* const found = findCallable(node.callee);
   const Ref<const Callable> callee = found ? Ref<const Callable>(found) : evaluateCallee(node);
@@ -133,30 +142,30 @@ Value Interpreter::callValue(const Call& node) {
 /// Null for what isn't found at once.
 [[gnu::always_inline]] inline const Callable* Interpreter::findCallable(const Expression& callee) noexcept {
   if (callee.kind() != ExpressionKinds::of<Variable>) return nullptr;
-  const Value* const value = findAtOnce(callee.record<Variable>());
+  const Value* const value = findAtOnce(callee.node<Variable>());
   return value ? value->callable() : nullptr;
 }
 
-Ref<const Callable> Interpreter::evaluateCallee(const Call& node) {
+Ref<const Callable> Interpreter::evaluateCallee(const NodeOf<Call>& node) {
   const Value callee = evaluate(node.callee);
   return Ref<const Callable>(&callableOf(node, callee));
 }
 
 /// The form of texts that a call of a member asks for; null where it asks for anything else.
-inline StringForm formOf(const Call& node, const Member& member) noexcept {
-  return node.arguments.empty() ? stringForm(member.member.lexeme) : nullptr;
+inline StringForm formOf(const NodeOf<Call>& node, const NodeOf<Member>& member) noexcept {
+  return node.count == 0 ? stringForm(member.member) : nullptr;
 }
 
 /// A form of a text comes without the function that the member is, and the text needn't be taken from where it stands.
-Value Interpreter::callMember(const Call& node, const Member& member) {
+Value Interpreter::callMember(const NodeOf<Call>& node, const NodeOf<Member>& member) {
   const StringForm form = formOf(node, member);
   const String* const text = form ? findText(member.object) : nullptr;
   return text ? recentForms_->formOf(*text, form) : callAnyMember(node, member);
 }
 
-Value Interpreter::callAnyMember(const Call& node, const Member& member) {
+Value Interpreter::callAnyMember(const NodeOf<Call>& node, const NodeOf<Member>& member) {
   if (guard_.isExhausted()) [[unlikely]]
-    failExhausted(node.range);
+    failExhausted(node);
   Value callee = evaluate(member.object);
   const StringForm form = callee.string() ? formOf(node, member) : nullptr;
   if (form) return recentForms_->formOf(*callee.string(), form);
@@ -165,20 +174,20 @@ Value Interpreter::callAnyMember(const Call& node, const Member& member) {
 }
 
 /// Any callable, and apart, so that calls of the program's own functions by their names stay lean.
-Value Interpreter::callOther(const Call& node, const Callable& callee) {
+Value Interpreter::callOther(const NodeOf<Call>& node, const Callable& callee) {
   return call(node, callee);
 }
 
-inline const Callable& Interpreter::callableOf(const Call& node, const Value& callee) {
+inline const Callable& Interpreter::callableOf(const NodeOf<Call>& node, const Value& callee) {
   const Callable* const callable = callee.callable();
-  if (!callable) fail(node.paren.range, "Can only call functions and classes.");
+  if (!callable) fail(node, &Call::paren, "Can only call functions and classes.");
   return *callable;
 }
 
 template <typename Callee>
-inline Value Interpreter::call(const Call& node, const Callee& callee) {
+inline Value Interpreter::call(const NodeOf<Call>& node, const Callee& callee) {
   const std::span<const Label> labels = callee.labels();
-  if (labels.size() != node.arguments.size()) [[unlikely]]
+  if (labels.size() != node.count) [[unlikely]]
     failArgumentCount(node, callee);
   if (labels.size() > ArgumentList::few) [[unlikely]]
     return callWithMany(node, callee, labels);
@@ -187,21 +196,21 @@ inline Value Interpreter::call(const Call& node, const Callee& callee) {
 }
 
 template <typename Callee>
-Value Interpreter::callWithMany(const Call& node, const Callee& callee, std::span<const Label> labels) {
+Value Interpreter::callWithMany(const NodeOf<Call>& node, const Callee& callee, std::span<const Label> labels) {
   const std::unique_ptr<std::byte[]> memory(new std::byte[labels.size() * sizeof(Value)]);
   return call(node, callee, labels, memory.get());
 }
 
 template <typename Callee>
-inline Value Interpreter::call(const Call& node, const Callee& callee, std::span<const Label> labels,
+inline Value Interpreter::call(const NodeOf<Call>& node, const Callee& callee, std::span<const Label> labels,
                                std::byte* memory) {
   ArgumentList arguments(memory);
-  const Label* label = labels.data();
-  for (const Call::Argument& argument : node.arguments) {
+  const CallArgument* argument = node.arguments().data();
+  for (const Label& label : labels) {
     // Inline, as the compiler would leave a function of its own between the call and each of its arguments.
-    arguments.add([&]() __attribute__((always_inline)) { return evaluate(argument.value); });
-    if (*label || argument.label) checkLabel(*label, argument);
-    ++label;
+    arguments.add([&]() __attribute__((always_inline)) { return evaluate(argument->value); });
+    if (label || argument->hasLabel) checkLabel(node, *argument, label);
+    ++argument;
   }
   try {
     return callWith(node, callee, arguments.values());
@@ -212,34 +221,36 @@ inline Value Interpreter::call(const Call& node, const Callee& callee, std::span
 }
 
 /// One line for each call on the way out, innermost first: the language's stack trace.
-void Interpreter::tellOfCall(const Call& node, const Callable& callee, std::span<const Value> arguments) {
+void Interpreter::tellOfCall(const NodeOf<Call>& node, const Callable& callee, std::span<const Value> arguments) {
   logger_->report(Message::Level::info, String::concatenation({callee.describe(arguments), " called here"}),
-                  node.range);
+                  rangeOf(node));
 }
 
-inline Value Interpreter::callWith(const Call&, const Function& function, Arguments arguments) {
+inline Value Interpreter::callWith(const NodeOf<Call>&, const Function& function, Arguments arguments) {
   return run(function, arguments);
 }
 
-inline Value Interpreter::callWith(const Call& node, const Callable& callee, Arguments arguments) {
-  return callee.call(*this, arguments, [&](const String& message) { fail(node.paren.range, message); });
+inline Value Interpreter::callWith(const NodeOf<Call>& node, const Callable& callee, Arguments arguments) {
+  return callee.call(*this, arguments, [&](const String& message) { fail(node, &Call::paren, message); });
 }
 
-void Interpreter::failArgumentCount(const Call& node, const Callable& callee) {
-  fail(node.paren.range, String::concatenation({"Expected ", decimal(callee.arity()), " arguments but got ",
-                                                decimal(static_cast<Int>(node.arguments.size())), "."}));
+void Interpreter::failArgumentCount(const NodeOf<Call>& node, const Callable& callee) {
+  fail(node, &Call::paren,
+       String::concatenation(
+           {"Expected ", decimal(callee.arity()), " arguments but got ", decimal(static_cast<Int>(node.count)), "."}));
 }
 
-void Interpreter::checkLabel(const Label& expected, const Call::Argument& argument) {
-  const bool isMatch = argument.label ? expected == argument.label->lexeme : !expected;
+void Interpreter::checkLabel(const NodeOf<Call>& node, const CallArgument& argument, const Label& expected) {
+  const bool isMatch = argument.hasLabel ? expected == argument.label : !expected;
   if (isMatch) return;
-  fail(argument.label ? argument.label->range : argument.value.range(),
+  const auto index = static_cast<std::size_t>(&argument - node.arguments().data());
+  fail(argument.hasLabel ? recordOf(node).arguments[index].label->range : argument.value.range(),
        String::concatenation({"Expected argument label '", expected.value_or(String()), "'."}));
 }
 
-void Interpreter::visitFunctionDeclaration(const FunctionDeclaration& node) {
+void Interpreter::execute(const NodeOf<FunctionDeclaration>& node) {
   survivors_.expect(stack_.size());  // each of these scopes may be held by a function of its own
-  current().define(node.name, makeRef<Function>(node, stack_.top()));
+  declare(node, makeRef<Function>(Ref<const Node>(&node), stack_.top()));
 }
 
 }  // namespace velto

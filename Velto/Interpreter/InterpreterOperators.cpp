@@ -10,16 +10,16 @@
 
 namespace velto {
 
-Value Interpreter::valueOf(const Literal& node) {
-  return node.value;
+Value Interpreter::valueOf(const NodeOf<Literal>& node) {
+  return node.value();
 }
 
-Value Interpreter::valueOf(const Grouping& node) {
+Value Interpreter::valueOf(const NodeOf<Grouping>& node) {
   return evaluate(node.expression);
 }
 
-[[gnu::always_inline]] inline Value Interpreter::calculate(const Token& operator_, double left, double right) {
-  switch (operator_.type) {
+[[gnu::always_inline]] inline Value Interpreter::calculate(const NodeOf<Binary>& node, double left, double right) {
+  switch (node.operator_()) {
     case TokenType::equal:
       return left == right;
     case TokenType::notEqual:
@@ -41,38 +41,41 @@ Value Interpreter::valueOf(const Grouping& node) {
     case TokenType::lessEqual:
       return left <= right;
     default:
-      return makeIntegerRange(operator_, left, right);
+      return makeIntegerRange(node, left, right);
   }
 }
 
 /// The numbers that literals and variables are needn't be taken from where they stand.
-Value Interpreter::valueOf(const Binary& node) {
+Value Interpreter::valueOf(const NodeOf<Binary>& node) {
   const double* const left = findNumber(node.left);
   const double* const right = left ? findNumber(node.right) : nullptr;
-  return right ? calculate(node.operator_, *left, *right) : combine(node);
+  return right ? calculate(node, *left, *right) : combine(node);
 }
 
-Value Interpreter::combine(const Binary& node) {
+Value Interpreter::combine(const NodeOf<Binary>& node) {
   if (isEquality(node)) {
     const Answer answer = compareTexts(node);
     if (answer != Answer::unknown) return answer == Answer::yes;
   }
   if (guard_.isExhausted()) [[unlikely]]
-    failExhausted(node.range);
+    failExhausted(node);
   const Value left = evaluate(node.left);
   const Value right = evaluate(node.right);
-  const Token& operator_ = node.operator_;
-  if (left.number() && right.number()) return calculate(operator_, *left.number(), *right.number());
-  if (operator_.type == TokenType::equal) return areSame(left, right, operator_.range);
-  if (operator_.type == TokenType::notEqual) return !areSame(left, right, operator_.range);
-  fail(operator_.range, "Operands must be numbers.");
+  if (left.number() && right.number()) return calculate(node, *left.number(), *right.number());
+  return compare(node, left, right);
 }
 
-Interpreter::Answer Interpreter::compareTexts(const Binary& node) {
+/// What aren't two numbers can only be compared.
+Value Interpreter::compare(const NodeOf<Binary>& node, const Value& left, const Value& right) {
+  if (!isEquality(node)) fail(node, &Binary::operator_, "Operands must be numbers.");
+  return areSame(left, right, [&] { return recordOf(node).operator_.range; }) == (node.operator_() == TokenType::equal);
+}
+
+Interpreter::Answer Interpreter::compareTexts(const NodeOf<Binary>& node) {
   const String* const left = findText(node.left);
   const String* const right = left ? findText(node.right) : nullptr;
   if (!right) return Answer::unknown;
-  return (*left == *right) == (node.operator_.type == TokenType::equal) ? Answer::yes : Answer::no;
+  return (*left == *right) == (node.operator_() == TokenType::equal) ? Answer::yes : Answer::no;
 }
 
 /// The text that a literal, a variable or an entry of one is, where it stands; null for all else, and for what isn't
@@ -83,18 +86,13 @@ const String* Interpreter::findText(const Expression& expression) noexcept {
   return value ? value->string() : nullptr;
 }
 
-Value Interpreter::makeIntegerRange(const Token& operator_, double lower, double upper) {
-  if (operator_.type == TokenType::openRange) return makeRef<CountableRange>(integer(lower), integer(upper));
-  if (operator_.type == TokenType::closedRange) return makeRef<CountableClosedRange>(integer(lower), integer(upper));
-  fail(operator_.range, "Invalid binary operator.");
-}
-
-bool Interpreter::areSame(const Value& left, const Value& right, const Range& range) {
-  return left.isObject() || right.isObject() ? areEqual(left, right, range) : left == right;
+Value Interpreter::makeIntegerRange(const NodeOf<Binary>& node, double lower, double upper) {
+  if (node.operator_() == TokenType::openRange) return makeRef<CountableRange>(integer(lower), integer(upper));
+  if (node.operator_() == TokenType::closedRange) return makeRef<CountableClosedRange>(integer(lower), integer(upper));
+  fail(node, &Binary::operator_, "Invalid binary operator.");
 }
 
 bool Interpreter::areEqual(const Value& left, const Value& right, const Range& range) {
-  if (left.string() && right.string()) return *left.string() == *right.string();
   if (left.array() && right.array()) return left.array() == right.array() || left == right;
   for (const Value* side : {&left, &right}) {
     if (!side->isObject()) continue;
@@ -113,51 +111,55 @@ bool Interpreter::callEquals(const Callable& equals, const Value& left, const Va
   return *result.boolean();
 }
 
-Value Interpreter::valueOf(const Logical& node) {
-  const Token& operator_ = node.operator_;
-  const bool left = evaluateOperand(node.left, operator_);
-  if (operator_.type != TokenType::and_ && operator_.type != TokenType::or_) {
-    fail(operator_.range, "Invalid binary operator.");
+Value Interpreter::valueOf(const NodeOf<Logical>& node) {
+  const bool left = evaluateOperand(node.left, node);
+  if (node.operator_() != TokenType::and_ && node.operator_() != TokenType::or_) {
+    fail(node, &Logical::operator_, "Invalid binary operator.");
   }
-  const bool isDecided = left == (operator_.type == TokenType::or_);
-  return isDecided ? left : evaluateOperand(node.right, operator_);
+  const bool isDecided = left == (node.operator_() == TokenType::or_);
+  return isDecided ? left : evaluateOperand(node.right, node);
 }
 
-bool Interpreter::evaluateOperand(const Expression& operand, const Token& operator_) {
+bool Interpreter::evaluateOperand(const Expression& operand, const NodeOf<Logical>& node) {
   const Value value = evaluate(operand);
-  if (!value.boolean()) fail(operator_.range, "Operand must be a boolean.");
+  if (!value.boolean()) fail(node, &Logical::operator_, "Operand must be a boolean.");
   return *value.boolean();
 }
 
-Value Interpreter::valueOf(const Unary& node) {
+Value Interpreter::valueOf(const NodeOf<Unary>& node) {
   const Value right = evaluate(node.right);
-  switch (node.operator_.type) {
+  switch (node.operator_()) {
     case TokenType::minus:
-      if (!right.number()) fail(node.operator_.range, "Operand must be a number.");
+      if (!right.number()) fail(node, &Unary::operator_, "Operand must be a number.");
       return -*right.number();
     case TokenType::not_:
-      if (!right.boolean()) fail(node.operator_.range, "Operand must be a boolean.");
+      if (!right.boolean()) fail(node, &Unary::operator_, "Operand must be a boolean.");
       return !*right.boolean();
     default:
-      fail(node.operator_.range, "Invalid unary operator.");
+      fail(node, &Unary::operator_, "Invalid unary operator.");
   }
 }
 
-Value Interpreter::valueOf(const Tuple& node) {
+Value Interpreter::valueOf(const NodeOf<Tuple>& node) {
+  const Tuple record = recordOf(node);
   std::vector<Value> values;
-  values.reserve(node.names.size());
-  for (const Token& name : node.names) values.push_back(readVariable(name, node.id));
+  values.reserve(record.names.size());
+  for (const Token& name : record.names) values.push_back(readVariable(name, record.id));
   return Array(std::move(values));
 }
 
 /// The names of included files are found by the walk outward, which goes quicker the next time.
-Value Interpreter::lookUp(const Variable& node) {
-  const Bindings* const names = locals.find(node.id) ? nullptr : current().namesWith(node.name.lexeme);
-  if (!names) return readVariable(node.name, node.id);
-  const std::uint32_t place = names->placeOf(node.name.lexeme);
+Value Interpreter::lookUp(const NodeOf<Variable>& node) {
+  const Bindings* const names = locals.find(node.id) ? nullptr : current().namesWith(node.name);
+  if (!names) return readVariable(node);
+  const std::uint32_t place = names->placeOf(node.name);
   node.place.set(place);
   const Value& value = names->bindings()[place].value;
-  return value.isUninitialized() ? readVariable(node.name, node.id) : value;
+  return value.isUninitialized() ? readVariable(node) : value;
+}
+
+Value Interpreter::readVariable(const NodeOf<Variable>& node) {
+  return readVariable(recordOf(node).name, node.id);
 }
 
 /// Reads any variable, wherever it stands, or fails.
@@ -170,50 +172,56 @@ Value Interpreter::readVariable(const Token& name, const Uuid& id) {
   return value;
 }
 
-Value Interpreter::valueOf(const Assignment& node) {
-  if (const StringExpression* text = textThatGrows(node)) return grow(node, *text);
+Value Interpreter::valueOf(const NodeOf<Assignment>& node) {
+  if (const NodeOf<StringExpression>* text = textThatGrows(node)) return grow(node, *text);
   Value value = evaluate(node.value);
   store(node, value);
   return value;
 }
 
+/// Where the variable isn't found where it stood last.
+void Interpreter::storeAnew(const NodeOf<Assignment>& node, Value value, const Local& local) {
+  current().assign(recordOf(node).name, std::move(value), local);
+}
+
+/// The nearest scope that has the name is looked for as the program runs.
+void Interpreter::storeOutward(const NodeOf<Assignment>& node, Value value) {
+  if (Value* const variable = current().find(node.name)) {
+    *variable = std::move(value);
+  } else {
+    current().assign(recordOf(node).name, std::move(value));
+  }
+}
+
 /// The same where nobody asks for the value.
-void Interpreter::assign(const Assignment& node) {
-  if (const StringExpression* text = textThatGrows(node)) {
+void Interpreter::assign(const NodeOf<Assignment>& node) {
+  if (const NodeOf<StringExpression>* text = textThatGrows(node)) {
     grow(node, *text);
   } else {
     store(node, evaluate(node.value));
   }
 }
 
-Value Interpreter::valueOf(const TypeCheck& node) {
+Value Interpreter::valueOf(const NodeOf<TypeCheck>& node) {
   const Value value = evaluate(node.instance);
-  return value.isOf(MetaType(node.type.lexeme));
+  return value.isOf(MetaType(node.type));
 }
 
-Value Interpreter::valueOf(const ArrayLiteral& node) {
+Value Interpreter::valueOf(const NodeOf<ArrayLiteral>& node) {
   std::vector<Value> elements;
-  elements.reserve(node.elements.size());
-  for (const Expression& element : node.elements) elements.push_back(evaluate(element));
+  elements.reserve(node.count);
+  for (const Expression& element : node.elements()) elements.push_back(evaluate(element));
   return Array(std::move(elements));
 }
 
-Value Interpreter::valueOf(const DictionaryLiteral& node) {
+Value Interpreter::valueOf(const NodeOf<DictionaryLiteral>& node) {
   Dictionary dictionary;
-  dictionary.reserve(node.elements.size());
-  for (const auto& [keyExpression, valueExpression] : node.elements) {
-    Value key = evaluateKey(keyExpression, keyExpression.range());
-    dictionary.set(std::move(key), evaluate(valueExpression));
+  dictionary.reserve(node.count);
+  for (const auto& element : node.elements()) {
+    Value key = evaluateKey(element.key, [&] { return element.key.range(); });
+    dictionary.set(std::move(key), evaluate(element.value));
   }
   return dictionary;
-}
-
-Value Interpreter::evaluateKey(const Expression& expression, const Range& range) {
-  Value key = evaluate(expression);
-  if (!key.boolean() && !key.number() && !key.openRange() && !key.closedRange() && !key.string()) {
-    fail(range, "Dictionary keys can only be numbers, ranges, booleans or strings.");
-  }
-  return key;
 }
 
 }  // namespace velto

@@ -17,20 +17,19 @@ std::size_t offsetBehind(const String& text, std::size_t offset, Int units) {
 
 }  // namespace
 
-Value Interpreter::valueOf(const StringExpression& node) {
-  if (node.interpolations.empty()) return node.literal;
+Value Interpreter::valueOf(const NodeOf<StringExpression>& node) {
+  if (node.count == 0) return node.literal;
   StringBuilder text;
   appendPieces(node, 0, text);
   return std::move(text).build();
 }
 
 /// Appends the text from the interpolation `first` on; the one before it stands at the beginning.
-void Interpreter::appendPieces(const StringExpression& node, std::size_t first, StringBuilder& text) {
+void Interpreter::appendPieces(const NodeOf<StringExpression>& node, std::size_t first, StringBuilder& text) {
   const std::string_view literal = node.literal;
   std::size_t offset = 0;
   Int position = 0;
-  for (std::size_t index = first; index < node.interpolations.size(); ++index) {
-    const StringExpression::Interpolation& interpolation = node.interpolations[index];
+  for (const auto& interpolation : node.interpolations().subspan(first)) {
     const std::size_t next = offsetBehind(node.literal, offset, interpolation.position - position);
     text.append(literal.substr(offset, next - offset));
     appendDescription(evaluate(interpolation.value), text);
@@ -40,19 +39,19 @@ void Interpreter::appendPieces(const StringExpression& node, std::size_t first, 
   text.append(literal.substr(offset));
 }
 
-const StringExpression* Interpreter::beginningWithItself(const Assignment& node) {
-  const auto& text = node.value.record<StringExpression>();
-  if (text.interpolations.empty() || text.interpolations[0].position != 0) return nullptr;
-  const Expression& beginning = text.interpolations[0].value;
-  const bool isSameName = beginning.kind() == ExpressionKinds::of<Variable> &&
-                          beginning.record<Variable>().name.lexeme.isSameAs(node.name.lexeme);
+const NodeOf<StringExpression>* Interpreter::beginningWithItself(const NodeOf<Assignment>& node) {
+  const auto& text = node.value.node<StringExpression>();
+  if (text.count == 0 || text.interpolations()[0].position != 0) return nullptr;
+  const Expression& beginning = text.interpolations()[0].value;
+  const bool isSameName =
+      beginning.kind() == ExpressionKinds::of<Variable> && beginning.node<Variable>().name.isSameAs(node.name);
   return isSameName ? &text : nullptr;
 }
 
 /// The same as evaluating and assigning the text, but that the variable's own text is appended to where it has stayed
 /// what it was at the beginning, whatever the evaluation of the other pieces did.
-Value Interpreter::grow(const Assignment& node, const StringExpression& text) {
-  Value before = evaluate(text.interpolations[0].value);
+Value Interpreter::grow(const NodeOf<Assignment>& node, const NodeOf<StringExpression>& text) {
+  Value before = evaluate(text.interpolations()[0].value);
   StringBuilder rest;
   if (!before.string()) {
     appendDescription(before, rest);
@@ -63,7 +62,7 @@ Value Interpreter::grow(const Assignment& node, const StringExpression& text) {
   }
   appendPieces(text, 1, rest);
   const Local* local = locals.find(node.id);
-  Value* const variable = local ? current().findInPlace(node.name.lexeme, *local) : nullptr;
+  Value* const variable = local ? current().findInPlace(node.name, *local) : nullptr;
   const String* const present = variable ? variable->string() : nullptr;
   if (!present || !present->isSameAs(*before.string())) {
     Value value = String::concatenation({*before.string(), rest.view()});

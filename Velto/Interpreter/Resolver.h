@@ -8,14 +8,14 @@
 #include <vector>
 
 #include "Velto/Diagnostics/Logger.h"
-#include "Velto/Parser/Statement.h"
+#include "Velto/Parser/RecordVisitor.h"
 #include "Velto/Platform/StackGuard.h"
 
 namespace [[gnu::visibility("default")]] velto {
 
 /// Mirrors the scopes that the interpreter will make, and writes to `Interpreter::locals` how many links lie between
 /// each variable that it can place and its scope. All other names are looked up as the program runs.
-class Resolver final : public StatementVisitor, public ExpressionVisitor {
+class Resolver final : public RecordVisitor {
  public:
   explicit Resolver(Interpreter& interpreter);
 
@@ -24,48 +24,53 @@ class Resolver final : public StatementVisitor, public ExpressionVisitor {
 
   bool hadError() const noexcept { return hadError_; }
 
-  void visitBreak(const Break& node) override;
-  void visitCase(const Case& node) override;
-  void visitContinue(const Continue& node) override;
-  void visitExpressionBlock(const ExpressionBlock& node) override;
-  void visitExpressionStatement(const ExpressionStatement& node) override;
-  void visitFor(const For& node) override;
-  void visitFunctionDeclaration(const FunctionDeclaration& node) override;
-  void visitIf(const If& node) override;
-  void visitInclude(const Include& node) override;
-  void visitReturn(const Return& node) override;
-  void visitSwitch(const Switch& node) override;
-  void visitVariableDeclaration(const VariableDeclaration& node) override;
-  void visitVerbatim(const Verbatim& node) override;
-  void visitWhile(const While& node) override;
-
-  void visitArrayLiteral(const ArrayLiteral& node) override;
-  void visitAssignment(const Assignment& node) override;
-  void visitBinary(const Binary& node) override;
-  void visitCall(const Call& node) override;
-  void visitDictionaryLiteral(const DictionaryLiteral& node) override;
-  void visitGrouping(const Grouping& node) override;
-  void visitLiteral(const Literal& node) override;
-  void visitLogical(const Logical& node) override;
-  void visitMember(const Member& node) override;
-  void visitTuple(const Tuple& node) override;
-  void visitTypeCheck(const TypeCheck& node) override;
-  void visitStringExpression(const StringExpression& node) override;
-  void visitSubscript(const Subscript& node) override;
-  void visitUnary(const Unary& node) override;
-  void visitVariable(const Variable& node) override;
-
  private:
   using Scope = std::unordered_map<String, bool>;  // false while a name is declared and not yet defined
 
-  void declare(const Token& name);
-  void define(const Token& name);
-  void resolve(const Expression& expression);
-  void resolveList(const Statements& statements);
-  void resolveBlock(const Statements& statements);
-  void resolveBranch(const IfBranch& branch);
-  void resolveLocal(const Token& name, const Uuid& id);
-  std::optional<Int> depth(const Token& name, std::size_t skipped) const;
+  void visit(const Statement& statement) override;
+  void visit(const Expression& expression) override;
+
+  template <typename FindRange>
+  void declare(const String& name, const FindRange& findRange);
+  void define(const String& name);
+  void walk(const Statement& statement);
+  void walk(const Expression& expression);
+  template <typename List>
+  void walkList(const List& statements);
+  void walkBlock(const StatementList& statements);
+  [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const Statement& statement);
+  [[noreturn, gnu::cold, gnu::noinline]] void failExhausted(const Expression& expression);
+  void resolveLocal(const String& name, const Uuid& id);
+  std::optional<Int> depth(const String& name, std::size_t skipped) const;
+
+  // Each stands apart, so that the way into the depth takes no room for the others.
+  [[gnu::noinline]] void walk(const NodeOf<ExpressionBlock>& node);
+  [[gnu::noinline]] void walk(const NodeOf<ExpressionStatement>& node);
+  [[gnu::noinline]] void walk(const NodeOf<For>& node);
+  [[gnu::noinline]] void walk(const NodeOf<FunctionDeclaration>& node);
+  [[gnu::noinline]] void walk(const NodeOf<If>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Return>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Switch>& node);
+  [[gnu::noinline]] void walk(const NodeOf<VariableDeclaration>& node);
+  [[gnu::noinline]] void walk(const NodeOf<While>& node);
+
+  [[gnu::noinline]] void walk(const NodeOf<ArrayLiteral>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Assignment>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Binary>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Call>& node);
+  [[gnu::noinline]] void walk(const NodeOf<DictionaryLiteral>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Grouping>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Logical>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Member>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Tuple>& node);
+  [[gnu::noinline]] void walk(const NodeOf<TypeCheck>& node);
+  [[gnu::noinline]] void walk(const NodeOf<StringExpression>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Subscript>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Unary>& node);
+  [[gnu::noinline]] void walk(const NodeOf<Variable>& node);
+  /// All other kinds have nothing to resolve.
+  template <typename Record>
+  void walk(const NodeOf<Record>&) noexcept {}
 
   std::shared_ptr<Logger> logger_;
   Interpreter& interpreter_;

@@ -1,15 +1,15 @@
-// The expression trees: 15 kinds of plain records behind one small handle.
+// The expression trees: 15 kinds of plain records, and one small handle for all.
 #pragma once
 
 #include <concepts>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "Velto/Parser/Node.h"
 #include "Velto/Parser/NodeId.h"
 #include "Velto/Parser/NodeKind.h"
-#include "Velto/Parser/NodeMemory.h"
-#include "Velto/Parser/PlaceHint.h"
 #include "Velto/Platform/Ref.h"
 #include "Velto/Scanner/Token.h"
 
@@ -27,50 +27,56 @@ using ExpressionKinds =
               struct Grouping, struct Literal, struct Logical, struct Member, struct Tuple, struct TypeCheck,
               struct StringExpression, struct Subscript, struct Unary, struct Variable>;
 
-/// Any expression record, shared and immutable; a copy of the handle, like a copy of the record, keeps the `id`.
+/// Any expression, shared and immutable; a copy of the handle, like a copy of the record, keeps the `id`. Trees are
+/// kept in a form of few bytes, and a record is made whenever one is asked for.
 class Expression {
  public:
   template <ExpressionRecord Record>
-  Expression(Record record) : node_(makeRef<const Box<Record>>(std::move(record))) {}
+  Expression(Record record) : node_(made(std::move(record))) {}
 
   /// The node's identity, drawn at the construction of the record.
-  const Uuid& id() const noexcept { return node_->id(); }
-  const Range& range() const noexcept { return node_->range(); }
-  /// Calls the operation of the visitor that belongs to the kind.
-  void accept(ExpressionVisitor& visitor) const { node_->accept(visitor); }
+  Uuid id() const noexcept;
+  Range range() const;
+  /// Calls the operation of the visitor that belongs to the kind; the record that it is shown may end with the call.
+  void accept(ExpressionVisitor& visitor) const;
 
-  /// The record if it is of this kind, otherwise null.
+  /// The record if it is of this kind.
   template <typename Record>
-  const Record* as() const noexcept {
-    const auto* box = dynamic_cast<const Box<Record>*>(node_.get());
-    return box ? &box->record : nullptr;
+  std::optional<Record> as() const {
+    if constexpr (ExpressionKinds::has<Record>) {
+      return kind() == ExpressionKinds::of<Record> ? std::optional<Record>(recordOf<Record>()) : std::nullopt;
+    } else {
+      const auto* hosted = dynamic_cast<const Hosted<Record>*>(hostedRecord());
+      return hosted ? std::optional<Record>(hosted->record) : std::nullopt;
+    }
   }
 
   /// A number for the kind of record, for walkers that would rather switch than be visited.
-  ExpressionKinds::Kind kind() const noexcept { return node_->kind; }
-  /// The record, which must be of this kind.
+  ExpressionKinds::Kind kind() const noexcept { return node_->kind(); }
+  /// How the library keeps it.
+  const Node& node() const noexcept { return *node_; }
+  /// The same as what it is, which must be of this kind.
   template <typename Record>
-  const Record& record() const noexcept {
-    return static_cast<const Box<Record>*>(node_.get())->record;
+  const NodeOf<Record>& node() const noexcept {
+    return static_cast<const NodeOf<Record>&>(*node_);
   }
 
  private:
-  struct Node : Counted {
-    explicit Node(ExpressionKinds::Kind kind) noexcept : kind(kind) {}
+  friend class OptionalExpression;
+  friend class Parser;
+  friend struct HostExpressionNode;
+
+  /// A record that the language doesn't have.
+  struct AnyHosted {
+    virtual ~AnyHosted() = default;
     virtual const Uuid& id() const noexcept = 0;
     virtual const Range& range() const noexcept = 0;
     virtual void accept(ExpressionVisitor& visitor) const = 0;
-
-    static void* operator new(std::size_t size) { return NodeMemory::allocate(size); }
-    static void operator delete(void* memory) noexcept { NodeMemory::release(memory); }
-
-    const ExpressionKinds::Kind kind;
   };
 
   template <typename Record>
-  struct Box final : Node {
-    static_assert(alignof(Record) <= alignof(void*));  // the memory of nodes gives no more
-    explicit Box(Record&& record) : Node(ExpressionKinds::of<Record>), record(std::move(record)) {}
+  struct Hosted final : AnyHosted {
+    explicit Hosted(Record&& record) : record(std::move(record)) {}
     const Uuid& id() const noexcept override { return record.id; }
     const Range& range() const noexcept override { return record.range; }
     void accept(ExpressionVisitor& visitor) const override { record.accept(visitor); }
@@ -78,7 +84,29 @@ class Expression {
     const Record record;
   };
 
-  Ref<const Node> node_;
+  Expression() noexcept = default;
+  explicit Expression(Ref<const Node> node) noexcept : node_(std::move(node)) {}
+
+  template <typename Record>
+  static Ref<const Node> made(Record&& record) {
+    if constexpr (ExpressionKinds::has<Record>) {
+      return spelledOut(std::move(record));
+    } else {
+      return hosted(std::make_unique<const Hosted<Record>>(std::move(record)));
+    }
+  }
+
+  /// A node that has the record with it, whatever it says.
+  template <typename Record>
+  static Ref<const Node> spelledOut(Record&& record);
+  static Ref<const Node> hosted(std::unique_ptr<const AnyHosted> record);
+
+  /// Of a node of this kind.
+  template <typename Record>
+  Record recordOf() const;
+  const AnyHosted* hostedRecord() const noexcept;
+
+  Ref<const Node> node_;  // null only in an `OptionalExpression`
 };
 
 /// `[a, b]`
@@ -218,7 +246,6 @@ struct Subscript {
   Expression subscriptee;
   Token bracket;
   Expression index;
-  PlaceHint entry{};  ///< in the dictionary that was subscripted last
 
   void accept(ExpressionVisitor& visitor) const;
 };
@@ -238,7 +265,6 @@ struct Variable {
   NodeId<Variable> id{};
   Range range;
   Token name;
-  PlaceHint place{};  ///< in the scope where it was found last
 
   void accept(ExpressionVisitor& visitor) const;
 };

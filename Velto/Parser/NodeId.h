@@ -10,6 +10,7 @@ namespace [[gnu::visibility("default")]] velto {
 template <typename Node>
 class NodeId {
   friend Node;
+  friend class NodeAccess;
 
  public:
   NodeId() = default;
@@ -21,6 +22,7 @@ class NodeId {
   friend bool operator==(const NodeId&, const NodeId&) noexcept = default;
 
  private:
+  explicit NodeId(const Uuid& uuid) noexcept : uuid_(uuid) {}
   NodeId& operator=(const NodeId&) noexcept = default;
 
   Uuid uuid_;

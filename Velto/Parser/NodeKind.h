@@ -2,8 +2,8 @@
 #pragma once
 
 #include <concepts>
-#include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 namespace [[gnu::visibility("default")]] velto {
 
@@ -16,11 +16,20 @@ struct NodeKinds {
   static constexpr Kind other = sizeof...(Records);
 
   template <typename Record>
+  static constexpr bool has = (std::same_as<Record, Records> || ...);
+
+  template <typename Record>
   static constexpr Kind of = [] {
     Kind kind = 0;
     const bool isListed = ((std::same_as<Record, Records> || (static_cast<void>(++kind), false)) || ...);
     return isListed ? kind : other;
   }();
+
+  /// Calls `function` with the type of the record that has this kind; false if it is `other`.
+  template <typename Function>
+  static constexpr bool dispatch(Kind kind, const Function& function) {
+    return ((kind == of<Records> && (function(std::type_identity<Records>()), true)) || ...);
+  }
 };
 
 }  // namespace velto

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "Velto/Diagnostics/Fail.h"
+#include "Velto/Parser/NodeMemory.h"
 
 namespace velto {
 
@@ -20,7 +21,7 @@ Parser::Parser(std::vector<Token> tokens, std::shared_ptr<Logger> logger)
 }
 
 Statements Parser::parse() {
-  const NodeMemory::Planting planting;
+  const NodeMemory::Planting planting(tokens_.isAtEnd() ? String() : tokens_.current()->range.file);
   stack_ = StackGuard();  // for the thread that parses, whichever made the parser
   return body({});
 }

@@ -42,6 +42,11 @@ class Parser {
     }
     return false;
   }
+  /// Looks at the token behind the current one.
+  bool isNext(TokenType type) const noexcept {
+    const Token* token = tokens_.next();
+    return token && token->type == type;
+  }
   [[gnu::always_inline]] bool match(Types types) {
     if (!isAt(types)) return false;
     ++tokens_.index;
@@ -58,6 +63,13 @@ class Parser {
     ++tokens_.index;
     return *token;
   }
+  /// The node of a record with these parts, but without the record, if it can be told without it.
+  template <typename Record, typename... Parts>
+  static auto node(const Parts&... parts);
+  /// The same with a range from where one thing begins to where another one ends. It stands apart, so that those who
+  /// recurse take no room for it.
+  template <typename Record, typename First, typename Last, typename... Parts>
+  [[gnu::noinline]] static auto nodeSpanning(const First& first, const Last& last, const Parts&... parts);
   void matchSemicolon() { match({TokenType::semicolon}); }
   const Token& previous() const noexcept { return *tokens_.previous(); }
   const Token& consume(TokenType type, std::string_view message);
@@ -91,7 +103,8 @@ class Parser {
 
   // ParserBlocks.cpp: `if`, `for`, `while` and `switch`
   Statement ifStatement(const Token& keyword);
-  void elseBranch(If& node);
+  IfBranch conditionalBranch();
+  IfBranch lastBranch();
   Statement forStatement(const Token& keyword);
   Tuple loopVariables();
   Tuple tupleRest(const Token& paren);
@@ -106,8 +119,9 @@ class Parser {
   // ParserExpressions.cpp: assignment, operators by precedence, calls, primary expressions
   Expression expression() { return assignment(); }
   Expression assignment();
-  Expression finishAssignment(const Expression& target, const Token& equals);
+  Expression assignmentTo(const Token& name);
   Expression operation(Precedence loosest);
+  [[gnu::noinline]] static Expression combination(const Expression& left, const Token& operator_, const Expression& right);
   static Precedence precedence(TokenType type) noexcept;
   static Precedence nextTighter(Precedence level) noexcept;
   Expression typeCheck(const Expression& instance, const Token& is);

@@ -1,5 +1,5 @@
 // The block statements: `if`, `for`, `while` and `switch`.
-#include "Velto/Parser/Parser.h"
+#include "Velto/Parser/ParserInline.h"
 
 namespace velto {
 
@@ -11,23 +11,30 @@ Expression Parser::header() {
 }
 
 Statement Parser::ifStatement(const Token& keyword) {
-  Expression condition = header();
-  Statements statements = body({TokenType::end, TokenType::else_});
-  If node(spanning(keyword.range, previous().range), std::move(condition), std::move(statements));
-  while (match({TokenType::else_})) elseBranch(node);
+  const IfBranch mainBranch = conditionalBranch();
+  const Token& last = previous();
+  std::vector<IfBranch> elseIfBranches;
+  std::optional<IfBranch> elseBranch;
+  while (match({TokenType::else_})) {
+    if (match({TokenType::if_})) {
+      elseIfBranches.push_back(conditionalBranch());
+    } else {
+      elseBranch = lastBranch();
+    }
+  }
   consume(TokenType::end, "Expect 'end' after if.");
-  return node;
+  return nodeSpanning<If>(keyword, last, mainBranch, elseIfBranches, elseBranch);
+}
+
+IfBranch Parser::conditionalBranch() {
+  Expression condition = header();
+  return {std::move(condition), body({TokenType::end, TokenType::else_})};
 }
 
 /// An `else` without `if` runs up to the `end`, so that no other can follow it.
-void Parser::elseBranch(If& node) {
-  if (match({TokenType::if_})) {
-    Expression condition = header();
-    node.elseIfBranches.push_back({std::move(condition), body({TokenType::end, TokenType::else_})});
-  } else {
-    matchSemicolon();
-    node.elseBranch = IfBranch{std::nullopt, body({TokenType::end})};
-  }
+IfBranch Parser::lastBranch() {
+  matchSemicolon();
+  return {std::nullopt, body({TokenType::end})};
 }
 
 Statement Parser::forStatement(const Token& keyword) {
@@ -35,8 +42,7 @@ Statement Parser::forStatement(const Token& keyword) {
   consume(TokenType::in, "Expect 'in' after for loop identifier.");
   Expression sequence = header();
   Statements statements = block();
-  return For{spanning(keyword.range, previous().range), std::move(variables), std::move(sequence),
-             std::move(statements)};
+  return nodeSpanning<For>(keyword, previous(), variables, sequence, statements);
 }
 
 Tuple Parser::loopVariables() {
@@ -57,7 +63,7 @@ Tuple Parser::tupleRest(const Token& paren) {
 Statement Parser::whileStatement(const Token& keyword) {
   Expression condition = header();
   Statements statements = block();
-  return While{spanning(keyword.range, previous().range), std::move(condition), std::move(statements)};
+  return nodeSpanning<While>(keyword, previous(), condition, statements);
 }
 
 Statement Parser::switchStatement(const Token& keyword) {
@@ -65,7 +71,7 @@ Statement Parser::switchStatement(const Token& keyword) {
   std::vector<Case> cases = caseClauses();
   Statements defaultBody = defaultClause();
   const Token& close = consume(TokenType::end, "Expect 'end' after switch.");
-  return Switch{spanning(keyword.range, close.range), std::move(subject), std::move(cases), std::move(defaultBody)};
+  return nodeSpanning<Switch>(keyword, close, subject, cases, defaultBody);
 }
 
 std::vector<Case> Parser::caseClauses() {

@@ -1,5 +1,5 @@
 // Expressions: assignment, the operators by precedence, calls and the primary ones.
-#include "Velto/Parser/Parser.h"
+#include "Velto/Parser/ParserInline.h"
 
 namespace velto {
 
@@ -36,33 +36,24 @@ Parser::Precedence Parser::precedence(TokenType type) noexcept {
   }
 }
 
-namespace {
-
-Expression combination(const Expression& left, const Token& operator_, const Expression& right) {
-  const Range range = spanning(left.range(), right.range());
-  if (operator_.type == TokenType::or_ || operator_.type == TokenType::and_) {
-    return Logical{.range = range, .left = left, .operator_ = operator_, .right = right};
-  }
-  return Binary{.range = range, .left = left, .operator_ = operator_, .right = right};
-}
-
-}  // namespace
-
+/// A target is a name, and no node is made of it. Any other is told when the value has been read, so that the errors of
+/// that come first.
 Expression Parser::assignment() {
   guardDepth();
+  if (isAt({TokenType::identifier}) && isNext(TokenType::assign)) return assignmentTo(advance());
   Expression left = operation(Precedence::or_);
   if (!match({TokenType::assign})) return left;
-  return finishAssignment(left, previous());
+  const Token& equals = previous();
+  assignment();
+  fail(equals.range, "Invalid assignment target.");
 }
 
-/// The value is read first, so its errors come before that of the target. The semicolon behind an assignment is taken
-/// wherever it stands.
-Expression Parser::finishAssignment(const Expression& target, const Token& equals) {
+/// The semicolon behind an assignment is taken wherever it stands.
+Expression Parser::assignmentTo(const Token& name) {
+  tokens_.advance();
   const Expression value = assignment();
-  const Variable* variable = target.as<Variable>();
-  if (!variable) fail(equals.range, "Invalid assignment target.");
   matchSemicolon();
-  return Assignment{.range = spanning(target.range(), value.range()), .name = variable->name, .value = value};
+  return nodeSpanning<Assignment>(name, value, name, value);
 }
 
 /// Operands and the operators between them that bind at least as tightly as `loosest`; equal ones fold to the left.
@@ -82,13 +73,21 @@ Expression Parser::operation(Precedence loosest) {
   return left;
 }
 
+Expression Parser::combination(const Expression& left, const Token& operator_, const Expression& right) {
+  const UpTo range(startOf(left), right);
+  if (operator_.type == TokenType::or_ || operator_.type == TokenType::and_) {
+    return node<Logical>(range, left, operator_, right);
+  }
+  return node<Binary>(range, left, operator_, right);
+}
+
 Parser::Precedence Parser::nextTighter(Precedence level) noexcept {
   return static_cast<Precedence>(static_cast<int>(level) + 1);
 }
 
 Expression Parser::typeCheck(const Expression& instance, const Token& is) {
   const Token& type = consume(TokenType::identifier, "Expected type.");
-  return TypeCheck{.range = spanning(instance.range(), type.range), .instance = instance, .is = is, .type = type};
+  return nodeSpanning<TypeCheck>(instance, type, instance, is, type);
 }
 
 /// Six prefixes are well-formed; only two of them mean something when they are evaluated.
@@ -102,7 +101,7 @@ Expression Parser::unary() {
 }
 
 Expression Parser::finishUnary(const Token& operator_, const Expression& right) {
-  return Unary{.range = spanning(operator_.range, right.range()), .operator_ = operator_, .right = right};
+  return nodeSpanning<Unary>(operator_, right, operator_, right);
 }
 
 Expression Parser::call() {
@@ -132,16 +131,12 @@ Expression Parser::finishCall(const Expression& callee, const Token& paren) {
     } while (match({TokenType::comma}));
   }
   const Token& close = consume(TokenType::rightParen, "Expect ')' after arguments.");
-  return Call{.range = spanning(callee.range(), close.range),
-              .callee = callee,
-              .paren = paren,
-              .arguments = std::move(arguments)};
+  return nodeSpanning<Call>(callee, close, callee, paren, arguments);
 }
 
-/// The one place that looks two tokens ahead: an identifier is a label only if a colon follows.
+/// An identifier is a label only if a colon follows.
 Call::Argument Parser::argument() {
-  const Token* next = tokens_.next();
-  if (!isAt({TokenType::identifier}) || !next || next->type != TokenType::colon) return {std::nullopt, expression()};
+  if (!isAt({TokenType::identifier}) || !isNext(TokenType::colon)) return {std::nullopt, expression()};
   const Token& label = consume(TokenType::identifier, "Expect label.");
   consume(TokenType::colon, "Expect colon after argument label.");
   return {label, expression()};
@@ -150,25 +145,22 @@ Call::Argument Parser::argument() {
 Expression Parser::subscript(const Expression& subscriptee, const Token& bracket) {
   const Expression index = expression();
   const Token& close = consume(TokenType::rightSquareBracket, "Expect ']' after subscript expression.");
-  return Subscript{.range = spanning(subscriptee.range(), close.range),
-                   .subscriptee = subscriptee,
-                   .bracket = bracket,
-                   .index = index};
+  return nodeSpanning<Subscript>(subscriptee, close, subscriptee, bracket, index);
 }
 
 Expression Parser::member(const Expression& object, const Token& dot) {
   const Token& name = consume(TokenType::identifier, "Expect identifier after '.'.");
-  return Member{.range = spanning(object.range(), name.range), .object = object, .dot = dot, .member = name};
+  return nodeSpanning<Member>(object, name, object, dot, name);
 }
 
 Expression Parser::primary() {
   switch (currentType()) {
     case TokenType::false_:
-      return Literal{.range = advance().range, .value = false};
+      return node<Literal>(advance().range, Value(false));
     case TokenType::true_:
-      return Literal{.range = advance().range, .value = true};
+      return node<Literal>(advance().range, Value(true));
     case TokenType::nil:
-      return Literal{.range = advance().range, .value = Value::nil()};
+      return node<Literal>(advance().range, Value::nil());
     case TokenType::string:
       return stringLiteral(advance());
     case TokenType::number:
@@ -185,13 +177,13 @@ Expression Parser::primary() {
 }
 
 Expression Parser::variable(const Token& name) {
-  return Variable{.range = name.range, .name = name};
+  return node<Variable>(name.range, name);
 }
 
 Expression Parser::grouping(const Token& paren) {
   const Expression inner = expression();
   const Token& close = consume(TokenType::rightParen, "Expected ')' after expression.");
-  return Grouping{.range = spanning(paren.range, close.range), .expression = inner};
+  return nodeSpanning<Grouping>(paren, close, inner);
 }
 
 }  // namespace velto

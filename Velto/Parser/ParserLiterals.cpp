@@ -1,5 +1,5 @@
 // Literals: numbers, strings with their interpolations, arrays and dictionaries.
-#include "Velto/Parser/Parser.h"
+#include "Velto/Parser/ParserInline.h"
 
 namespace velto {
 
@@ -16,13 +16,13 @@ const String& textOf(const Token& token) {
 
 Expression Parser::numberLiteral(const Token& number) {
   if (!number.literal) fatalError("Expected a number literal.");
-  return Literal{.range = number.range, .value = *number.literal};
+  return node<Literal>(number.range, *number.literal);
 }
 
 Expression Parser::stringLiteral(const Token& first) {
   const String& text = textOf(first);
   if (isAt({TokenType::stringInterpolation})) return interpolatedString(first);
-  return StringExpression{.range = first.range, .literal = text, .interpolations = {}};
+  return node<StringExpression>(first.range, text, std::vector<StringExpression::Interpolation>());
 }
 
 /// The pieces are joined, and each value remembers how much text stands before it.
@@ -38,24 +38,23 @@ Expression Parser::interpolatedString(const Token& first) {
     literal.append(piece);
     position += piece.utf16Length();
   }
-  return StringExpression{
-      .range = first.range, .literal = literal.build(), .interpolations = std::move(interpolations)};
+  return node<StringExpression>(first.range, literal.build(), interpolations);
 }
 
 /// What follows the first element tells an array from a dictionary.
 Expression Parser::collectionLiteral(const Token& bracket) {
   if (match({TokenType::colon})) {
     const Token& close = consume(TokenType::rightSquareBracket, "Expect ']' after ':'.");
-    return DictionaryLiteral{.range = spanning(bracket.range, close.range), .elements = {}};
+    return nodeSpanning<DictionaryLiteral>(bracket, close, std::vector<std::pair<Expression, Expression>>());
   }
   if (match({TokenType::rightSquareBracket})) {
-    return ArrayLiteral{.range = spanning(bracket.range, previous().range), .elements = {}};
+    return nodeSpanning<ArrayLiteral>(bracket, previous(), std::vector<Expression>());
   }
   const Expression first = expression();
   if (match({TokenType::colon})) return dictionaryRest(bracket, first);
   if (match({TokenType::comma})) return arrayRest(bracket, first);
   if (match({TokenType::rightSquareBracket})) {
-    return ArrayLiteral{.range = spanning(bracket.range, previous().range), .elements = {first}};
+    return nodeSpanning<ArrayLiteral>(bracket, previous(), std::vector{first});
   }
   failAtCurrent("Expected ',', ':' or ']'.");
 }
@@ -68,7 +67,7 @@ Expression Parser::dictionaryRest(const Token& bracket, const Expression& firstK
     elements.emplace_back(std::move(key), expression());
   }
   const Token& close = consume(TokenType::rightSquareBracket, "Expected ']'.");
-  return DictionaryLiteral{.range = spanning(bracket.range, close.range), .elements = std::move(elements)};
+  return nodeSpanning<DictionaryLiteral>(bracket, close, elements);
 }
 
 Expression Parser::arrayRest(const Token& bracket, const Expression& first) {
@@ -77,7 +76,7 @@ Expression Parser::arrayRest(const Token& bracket, const Expression& first) {
     elements.push_back(expression());
   } while (match({TokenType::comma}));
   const Token& close = consume(TokenType::rightSquareBracket, "Expected ']'.");
-  return ArrayLiteral{.range = spanning(bracket.range, close.range), .elements = std::move(elements)};
+  return nodeSpanning<ArrayLiteral>(bracket, close, elements);
 }
 
 }  // namespace velto

@@ -2,7 +2,7 @@
 #include <new>
 #include <unordered_set>
 
-#include "Velto/Parser/Parser.h"
+#include "Velto/Parser/ParserInline.h"
 
 namespace velto {
 
@@ -19,10 +19,7 @@ Statement Parser::functionDeclaration() {
   std::vector<FunctionParameter> declared = parameters();
   consume(TokenType::rightParen, "Expect ')' after parameters.");
   Statements statements = block();
-  return FunctionDeclaration{.range = spanning(name.range, previous().range),
-                             .name = name,
-                             .parameters = std::move(declared),
-                             .body = std::move(statements)};
+  return nodeSpanning<FunctionDeclaration>(name, previous(), name, declared, statements);
 }
 
 /// Only names must differ; labels may repeat.
@@ -60,8 +57,8 @@ Statement Parser::variableDeclaration(const Token& keyword) {
   std::optional<Expression> initializer;
   if (match({TokenType::assign})) initializer = expression();
   matchSemicolon();
-  const Range& end = initializer ? initializer->range() : name.range;
-  return VariableDeclaration{spanning(keyword.range, end), name, std::move(initializer)};
+  const Point end = initializer ? endOf(*initializer) : endOf(name);
+  return node<VariableDeclaration>(Stretch(startOf(keyword), end), name, initializer);
 }
 
 Statement Parser::statement() {
@@ -92,31 +89,31 @@ Statement Parser::statement() {
 }
 
 Statement Parser::verbatim(const Token& text) {
-  return Verbatim{text.range, text.lexeme};
+  return node<Verbatim>(text.range, text.lexeme);
 }
 
 Statement Parser::breakStatement(const Token& keyword) {
   matchSemicolon();
-  return Break{keyword};
+  return node<Break>(keyword);
 }
 
 Statement Parser::continueStatement(const Token& keyword) {
   matchSemicolon();
-  return Continue{keyword};
+  return node<Continue>(keyword);
 }
 
 Statement Parser::includeStatement(const Token& keyword) {
   Expression file = expression();
   matchSemicolon();
-  return Include{keyword, std::move(file)};
+  return node<Include>(keyword, file);
 }
 
 /// A value is always tried, unless a semicolon stands directly behind the keyword.
 Statement Parser::returnStatement(const Token& keyword) {
-  if (match({TokenType::semicolon})) return Return{keyword.range, keyword};
+  if (match({TokenType::semicolon})) return node<Return>(keyword.range, keyword, std::optional<Expression>());
   std::optional<Expression> value = returnValue();
-  const Range& end = value ? value->range() : keyword.range;
-  return Return{spanning(keyword.range, end), keyword, std::move(value)};
+  const Point end = value ? endOf(*value) : endOf(keyword);
+  return node<Return>(Stretch(startOf(keyword), end), keyword, value);
 }
 
 /// An error has been reported, but is none of the parse: the `return` stands without a value, and the tokens that were
@@ -134,13 +131,13 @@ std::optional<Expression> Parser::returnValue() {
 Statement Parser::expressionBlock(const Token& marker) {
   Expression value = expression();
   matchSemicolon();
-  return ExpressionBlock{spanning(marker.range, value.range()), value};
+  return node<ExpressionBlock>(UpTo(startOf(marker), value), value);
 }
 
 Statement Parser::expressionStatement() {
   Expression value = expression();
   matchSemicolon();
-  return ExpressionStatement{std::move(value)};
+  return node<ExpressionStatement>(value);
 }
 
 }  // namespace velto

@@ -4,19 +4,12 @@
 #include <atomic>
 #include <cstdint>
 
-namespace [[gnu::visibility("default")]] velto {
+namespace velto {
 
 /// A guess at a place, which whoever uses it has to check. It is no part of what a node says: it may change while the
 /// tree is shared, by threads that all guess.
 class PlaceHint {
  public:
-  PlaceHint() noexcept = default;
-  PlaceHint(const PlaceHint& other) noexcept : place_(other.get()) {}
-  PlaceHint& operator=(const PlaceHint& other) noexcept {
-    set(other.get());
-    return *this;
-  }
-
   std::uint32_t get() const noexcept { return place_.load(std::memory_order_relaxed); }
   void set(std::uint32_t place) const noexcept { place_.store(place, std::memory_order_relaxed); }
 

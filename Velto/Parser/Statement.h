@@ -1,4 +1,4 @@
-// The statement trees: 14 kinds of plain records behind one small handle, and their parts.
+// The statement trees: 14 kinds of plain records with their parts, and one small handle for all.
 #pragma once
 
 #include <concepts>
@@ -23,47 +23,52 @@ using StatementKinds =
               struct For, struct FunctionDeclaration, struct If, struct Include, struct Return, struct Switch,
               struct VariableDeclaration, struct Verbatim, struct While>;
 
-/// Any statement record, shared and immutable.
+/// Any statement, shared and immutable; kept like an `Expression`.
 class Statement {
  public:
   template <StatementRecord Record>
-  Statement(Record record) : node_(makeRef<const Box<Record>>(std::move(record))) {}
+  Statement(Record record) : node_(made(std::move(record))) {}
 
-  Range range() const { return node_->range(); }
-  /// Calls the operation of the visitor that belongs to the kind.
-  void accept(StatementVisitor& visitor) const { node_->accept(visitor); }
+  Range range() const;
+  /// Calls the operation of the visitor that belongs to the kind; the record that it is shown may end with the call.
+  void accept(StatementVisitor& visitor) const;
 
-  /// The record if it is of this kind, otherwise null.
+  /// The record if it is of this kind.
   template <typename Record>
-  const Record* as() const noexcept {
-    const auto* box = dynamic_cast<const Box<Record>*>(node_.get());
-    return box ? &box->record : nullptr;
+  std::optional<Record> as() const {
+    if constexpr (StatementKinds::has<Record>) {
+      return kind() == StatementKinds::of<Record> ? std::optional<Record>(recordOf<Record>()) : std::nullopt;
+    } else {
+      const auto* hosted = dynamic_cast<const Hosted<Record>*>(hostedRecord());
+      return hosted ? std::optional<Record>(hosted->record) : std::nullopt;
+    }
   }
 
   /// A number for the kind of record, for walkers that would rather switch than be visited.
-  StatementKinds::Kind kind() const noexcept { return node_->kind; }
-  /// The record, which must be of this kind.
+  StatementKinds::Kind kind() const noexcept { return node_->kind(); }
+  /// How the library keeps it.
+  const Node& node() const noexcept { return *node_; }
+  /// The same as what it is, which must be of this kind.
   template <typename Record>
-  const Record& record() const noexcept {
-    return static_cast<const Box<Record>*>(node_.get())->record;
+  const NodeOf<Record>& node() const noexcept {
+    return static_cast<const NodeOf<Record>&>(*node_);
   }
 
  private:
-  struct Node : Counted {
-    explicit Node(StatementKinds::Kind kind) noexcept : kind(kind) {}
+  friend class Function;
+  friend class Parser;
+  friend struct HostStatementNode;
+
+  /// A record that the language doesn't have.
+  struct AnyHosted {
+    virtual ~AnyHosted() = default;
     virtual Range range() const = 0;
     virtual void accept(StatementVisitor& visitor) const = 0;
-
-    static void* operator new(std::size_t size) { return NodeMemory::allocate(size); }
-    static void operator delete(void* memory) noexcept { NodeMemory::release(memory); }
-
-    const StatementKinds::Kind kind;
   };
 
   template <typename Record>
-  struct Box final : Node {
-    static_assert(alignof(Record) <= alignof(void*));  // the memory of nodes gives no more
-    explicit Box(Record&& record) : Node(StatementKinds::of<Record>), record(std::move(record)) {}
+  struct Hosted final : AnyHosted {
+    explicit Hosted(Record&& record) : record(std::move(record)) {}
     Range range() const override {
       if constexpr (requires { record.range(); }) {
         return record.range();
@@ -76,10 +81,32 @@ class Statement {
     const Record record;
   };
 
+  explicit Statement(Ref<const Node> node) noexcept : node_(std::move(node)) {}
+
+  template <typename Record>
+  static Ref<const Node> made(Record&& record) {
+    if constexpr (StatementKinds::has<Record>) {
+      return spelledOut(std::move(record));
+    } else {
+      return hosted(std::make_unique<const Hosted<Record>>(std::move(record)));
+    }
+  }
+
+  template <typename Record>
+  static Ref<const Node> spelledOut(Record&& record);
+  static Ref<const Node> hosted(std::unique_ptr<const AnyHosted> record);
+
+  /// Of a node of this kind.
+  template <typename Record>
+  Record recordOf() const;
+  const AnyHosted* hostedRecord() const noexcept;
+
   Ref<const Node> node_;
 };
 
 using Statements = std::vector<Statement>;
+/// Statements within a tree.
+using StatementList = NodeList<Statement>;
 
 /// What the subject of a `switch` is matched against: a value, or the name of a type from `case is Name:`.
 using Pattern = std::variant<Expression, Token>;
@@ -151,7 +178,12 @@ struct FunctionDeclaration {
 
 struct If {
   If(Range range, Expression condition, Statements thenBranch)
-      : range(std::move(range)), mainBranch{std::move(condition), std::move(thenBranch)} {}
+      : If(std::move(range), {std::move(condition), std::move(thenBranch)}, {}, std::nullopt) {}
+  If(Range range, IfBranch mainBranch, std::vector<IfBranch> elseIfBranches, std::optional<IfBranch> elseBranch)
+      : range(std::move(range)),
+        mainBranch(std::move(mainBranch)),
+        elseIfBranches(std::move(elseIfBranches)),
+        elseBranch(std::move(elseBranch)) {}
 
   Range range;  ///< ends with the main branch, whatever follows
   IfBranch mainBranch;

@@ -20,6 +20,9 @@ class Uuid {
 
   /// No identity that is drawn has nothing but zeros in its first half, where the version stands.
   bool isNil() const noexcept { return halves_[0] == 0; }
+  /// One of those that differ from this one, and from one another, in the last bits; that with the number 0 is this
+  /// one.
+  Uuid sibling(std::uint16_t number) const noexcept { return Uuid({halves_[0], halves_[1] ^ number}); }
 
   /// 36 characters: upper-case hexadecimal in groups of 8, 4, 4, 4 and 12, joined by hyphens.
   String description() const;

@@ -14,7 +14,7 @@ struct Size {
   std::size_t bytes = 0;
 };
 
-/// The records and their lists of children; the texts of the source and the names are what is left.
+/// The nodes as they are kept, and lists of statements; the texts of the source and the names are what is left.
 std::map<std::string, Size> sizesOf(const Statements& statements);
 /// The containers with their elements; texts are what is left.
 std::map<std::string, Size> sizesOf(const Value& value);

@@ -1,5 +1,8 @@
 // Where the bytes of trees go, by kind of node.
-#include "benchmarks/memory/Heap.h"
+#include <tuple>
+
+#include "Velto/Parser/NodeMaking.h"
+#include "Velto/Parser/StatementNodes.h"
 #include "benchmarks/memory/Sizes.h"
 
 namespace velto::benchmarks {
@@ -31,20 +34,21 @@ class TreeSizes final : public StatementVisitor, public ExpressionVisitor {
   }
 
  private:
-  /// Before the record, a node has its table of functions, the count of its holders and its kind.
+  /// A node has its lists of expressions and names with it.
   template <typename Record, typename... Parts>
-  void add(const char* kind, const Record&, const Parts&... parts) {
-    constexpr std::size_t header = 16;
-    addBytes(kind, bytesTaken(header + sizeof(Record)));
+  void add(const char* kind, const Record& record, const Parts&... parts) {
+    addBytes(kind, std::apply([](const auto&... each) { return nodeSize<Record>(each...); }, partsOf(record)));
     walkAll(parts...);
   }
   template <typename... Parts>
   void walkAll(const Parts&... parts) {
     (walk(parts), ...);
   }
+  /// Statements stand in lists of their own, behind their number.
   template <typename Part>
   void addList(const std::vector<Part>& parts) {
-    if (parts.capacity() > 0) addBytes("lists", bytesTaken(parts.capacity() * sizeof(Part)));
+    constexpr std::size_t number = 8;
+    if (std::same_as<Part, Statement> && !parts.empty()) addBytes("lists", number + parts.size() * sizeof(Part));
   }
   void addBytes(const char* kind, std::size_t bytes) {
     Size& size = sizes[kind];
@@ -59,12 +63,8 @@ class TreeSizes final : public StatementVisitor, public ExpressionVisitor {
   void visitExpressionStatement(const ExpressionStatement& node) override {
     add("ExpressionStatement", node, node.expression);
   }
-  void visitFor(const For& node) override {
-    addList(node.tuple.names);
-    add("For", node, node.sequence, node.body);
-  }
+  void visitFor(const For& node) override { add("For", node, node.sequence, node.body); }
   void visitFunctionDeclaration(const FunctionDeclaration& node) override {
-    addList(node.parameters);
     add("FunctionDeclaration", node, node.body);
   }
   void visitIf(const If& node) override { add("If", node, node.mainBranch, node.elseIfBranches, node.elseBranch); }

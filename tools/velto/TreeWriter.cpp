@@ -10,7 +10,7 @@ namespace command {
 
 std::string TreeWriter::json(const velto::Statement& statement) {
   text_.clear();
-  pending_.push_back({.text = "", .statement = &statement});
+  pending_.push_back({.text = "", .statement = statement});
   while (!pending_.empty()) {
     const Piece piece = std::move(pending_.back());
     pending_.pop_back();
@@ -34,12 +34,12 @@ TreeWriter& TreeWriter::begin(std::string_view kind, const velto::Range& range) 
 }
 
 void TreeWriter::put(const velto::Statement& statement) {
-  pieces_.back().statement = &statement;
+  pieces_.back().statement = statement;
   pieces_.emplace_back();
 }
 
 void TreeWriter::put(const velto::Expression& expression) {
-  pieces_.back().expression = &expression;
+  pieces_.back().expression = expression;
   pieces_.emplace_back();
 }
 

@@ -22,8 +22,8 @@ class TreeWriter final : private velto::StatementVisitor, private velto::Express
   /// A text, and the child that follows it, if there is one.
   struct Piece {
     std::string text;
-    const velto::Statement* statement = nullptr;
-    const velto::Expression* expression = nullptr;
+    std::optional<velto::Statement> statement = std::nullopt;
+    std::optional<velto::Expression> expression = std::nullopt;
   };
 
   void write(const Piece& piece);

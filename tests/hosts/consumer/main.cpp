@@ -130,7 +130,7 @@ void checkStages() {
   Parser parser(Unpacker(scanner.scanTokens(), logger).unpack(), logger);
   const Statements statements = parser.parse();
   check(!parser.hadError() && statements.size() == 1, "a statement");
-  check(statements[0].as<ExpressionBlock>() != nullptr && statements[0].as<If>() == nullptr, "the kind of a statement");
+  check(statements[0].as<ExpressionBlock>() && !statements[0].as<If>(), "the kind of a statement");
   Interpreter interpreter(std::nullopt, logger);
   std::string output;
   interpreter.print = [&output](const String& text) { output += text.view(); };

@@ -305,7 +305,7 @@ TEST_F(InterpreterTest, CallsFunctionsWhileTwoParametersOfOneNameAreReported) {
   Interpreter busy(Url("base"), logger, host.files);
   const Statements inner = parsed("func g(_ a, _ b) return a + b end print(g(1, 2))");
   logger->work = [&] { busy.interpret(inner); };
-  FunctionDeclaration declaration = parsed("func f(_ a, _ b) end")[0].record<FunctionDeclaration>();
+  FunctionDeclaration declaration = *parsed("func f(_ a, _ b) end")[0].as<FunctionDeclaration>();
   declaration.parameters[1].name = declaration.parameters[0].name;
   const Statements call = parsed("f(3, 4)");
   busy.interpret({declaration});

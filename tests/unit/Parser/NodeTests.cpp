@@ -27,17 +27,6 @@ TEST(Nodes, HaveFreshIdentitiesThatCopiesKeep) {
   EXPECT_EQ(Expression(record).id(), first.id());
 }
 
-TEST(Nodes, KeepThePlaceThatWasGuessedInCopies) {
-  const Variable variable = *onlyExpression("a").as<Variable>();
-  EXPECT_EQ(variable.place.get(), 0u);
-  variable.place.set(7);
-  Variable copy = variable;
-  EXPECT_EQ(copy.place.get(), 7u);
-  variable.place.set(8);
-  copy = variable;
-  EXPECT_EQ(copy.place.get(), 8u);
-}
-
 TEST(Nodes, KeepIdentitiesInCopiesOfTheirParents) {
   const Binary binary = *onlyExpression("a + b").as<Binary>();
   const Binary copy = binary;
@@ -49,17 +38,17 @@ TEST(Nodes, KeepIdentitiesInCopiesOfTheirParents) {
 
 TEST(Nodes, AreTheirKindOnly) {
   const Expression sum = onlyExpression("1 + 2");
-  EXPECT_NE(sum.as<Binary>(), nullptr);
-  EXPECT_EQ(sum.as<Logical>(), nullptr);
+  EXPECT_TRUE(sum.as<Binary>());
+  EXPECT_FALSE(sum.as<Logical>());
   const Statement statement = Break{Token(TokenType::break_, "break", Range("", 1, 1, 1, 6))};
-  EXPECT_NE(statement.as<Break>(), nullptr);
-  EXPECT_EQ(statement.as<Continue>(), nullptr);
+  EXPECT_TRUE(statement.as<Break>());
+  EXPECT_FALSE(statement.as<Continue>());
   EXPECT_EQ(statement.range(), Range("", 1, 1, 1, 6));
 }
 
 TEST(Nodes, LeaveAnUnlabelledArgumentWithoutToken) {
   const Expression expression = onlyExpression("f(1, x: 2)");
-  const Call* call = expression.as<Call>();
+  const auto call = expression.as<Call>();
   EXPECT_FALSE(call->arguments[0].label);
   EXPECT_EQ(call->arguments[1].label->lexeme, "x");
 }

@@ -57,7 +57,7 @@ TEST_F(ParseCacheTest, DoesNotTellModesApart) {
   host.files->files["/a"] = "text";
   const auto first = request("a", Scanner::Mode::template_);
   EXPECT_EQ(request("a", Scanner::Mode::program), first);
-  EXPECT_NE(first->front().as<Verbatim>(), nullptr);
+  EXPECT_TRUE(first->front().as<Verbatim>());
 }
 
 TEST_F(ParseCacheTest, ReportsAFaultyFileAnewOnEachRequest) {
