@@ -224,6 +224,51 @@ TEST_F(InterpreterTest, VisitsRunEveryKindOfStatement) {
   EXPECT_EQ(host.output(), expected + expected);
 }
 
+TEST_F(InterpreterTest, VisitsRunStatementsByThemselves) {
+  const Range range("main", 1, 1, 1, 2);
+  const auto visited = [&](const Statement& statement) -> Statement { return VisitedStatement{range, statement}; };
+  const Token break_(TokenType::break_, "break", range);
+  const Token continue_(TokenType::continue_, "continue", range);
+  interpreter.interpret({visited(Verbatim{range, "text"}), visited(Case{range, break_, {Verbatim{range, "never"}}}),
+                         visited(Break{break_}), visited(Continue{continue_})});
+  EXPECT_EQ(host.output(), "text");
+  EXPECT_THAT(host.messages(), ElementsAre("main:1:1...1:2: error: Cannot break from outside a loop.",
+                                           "main:1:1...1:2: error: Cannot continue from outside a loop."));
+}
+
+/// Tokens far to the right make nodes that have their records with them.
+TEST_F(InterpreterTest, RunsNodesThatAreSpelledOutLikeAnyOthers) {
+  constexpr Int farRight = 1'000'000;
+  const std::string program =
+      "func f(_ a, with b) if a < b && !(b == -1) return [\"k\": \"\\(a) of \\(b)\"] else if a == 7 return \"seven\" "
+      "else a = a + b end return a end print(f(1, with: 2)) print(f(7, with: 2)) print(f(9, with: 2)) "
+      "for (k, v) in [\"a\": [1, 2]] for i in v if i == 1 continue end print(\"\\(k)\\(i)\") break end end "
+      "var x var y = 0 while y < 2 y = y + 1; x = y end print(x) "
+      "switch x case is Number: print(\"number\") case \"two\": print(2) break default: print(\"other\") end "
+      "print(\"snake case\".upperCamelCased()) var t = \"\" t = \"\\(t)a\" t = \"\\(t)b\" print(t[0...1]) print(nil == "
+      "false || true) "
+      "f(1, 2)";
+  interpret(program);
+  FileSystem::flush();
+  const std::string expected = host.output();
+  EXPECT_EQ(expected, "[k: 1 of 2]seven11a22numberSnakeCaseabtrue");
+  Scanner scanner(program, Scanner::Mode::program, host.logger, "main");
+  std::vector<Token> tokens = Unpacker(scanner.scanTokens(), host.logger).unpack();
+  for (Token& token : tokens) {
+    token.range.startColumn += farRight;
+    token.range.endColumn += farRight;
+  }
+  Interpreter other(Url("base"), host.logger, host.files);
+  const Statements spelledOut = Parser(std::move(tokens), host.logger).parse();
+  Resolver(other).resolve(spelledOut);
+  other.interpret(spelledOut);
+  EXPECT_EQ(host.output(), expected + expected);
+  const auto& messages = host.logger->messages;
+  ASSERT_EQ(messages.size(), 2u);
+  EXPECT_EQ(messages[0].message, messages[1].message);
+  EXPECT_EQ(messages[0].range().startColumn + farRight, messages[1].range().startColumn);
+}
+
 TEST_F(InterpreterTest, TakesNoPieceUpToTheLargestInteger) {
   interpreter.globals().define("all", makeRef<CountableClosedRange>(0, std::numeric_limits<Int>::max()));
   interpret("print(\"text\"[all])");
