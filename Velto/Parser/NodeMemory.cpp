@@ -5,20 +5,12 @@
 #include <new>
 #include <utility>
 
+#include "Velto/Platform/AddressCheck.h"
 #include "Velto/Platform/Ref.h"
 
 namespace velto {
 
 namespace {
-
-// Where addresses are checked a piece holds one node, so that it shows when somebody reaches over its end.
-#if defined(__has_feature)
-constexpr bool isChecked = __has_feature(address_sanitizer);
-#elif defined(__SANITIZE_ADDRESS__)
-constexpr bool isChecked = true;
-#else
-constexpr bool isChecked = false;
-#endif
 
 // Reached through a fixed offset: it is looked at whenever a node is made.
 [[gnu::tls_model("initial-exec")]] thread_local constinit NodeMemory::Planting* plantingOfThread = nullptr;
@@ -79,7 +71,7 @@ void NodeMemory::Planting::finishPiece() noexcept {
   constexpr std::size_t largest = 8192;
   static_assert(largest / word <= farthest);
   const std::size_t usual = (size_ == 0 ? smallest : std::min(2 * size_, largest)) - sizeof(Piece);
-  const std::size_t room = isChecked ? least : std::max(usual, least);
+  const std::size_t room = areAddressesChecked ? least : std::max(usual, least);
   Piece* const next = Piece::withRoomFor(room, file_);
   finishPiece();
   piece_ = next;

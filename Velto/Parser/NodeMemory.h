@@ -54,12 +54,11 @@ class NodeMemory {
 
   /// Outside of any planting in a piece of its own.
   static Spot allocate(std::size_t size);
-  /// `memory` may be left on any thread.
   static void release(const void* memory, Distance distance) noexcept;
 
-  /// That of the innermost planting; null outside of any.
+  /// The file of the innermost planting; null outside of any.
   static const String* file() noexcept;
-  /// The same, for what stands there.
+  /// That of the planting in which this was made; empty outside of any.
   static const String& fileOf(const void* memory, Distance distance) noexcept;
   /// An identity that nothing else has, for what stands there.
   static Uuid identityOf(const void* memory, Distance distance) noexcept;

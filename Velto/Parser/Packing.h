@@ -6,8 +6,6 @@
 
 namespace velto {
 
-class Expression;
-
 /// How many columns a word takes.
 inline Int columnsOf(const String& word) noexcept {
   return word.isASCII() ? static_cast<Int>(word.size()) : word.characterCount();
@@ -85,7 +83,7 @@ class Packing {
   /// The start of a token with a text of its own.
   Place own(const Token& token, TokenType type) noexcept;
   Place name(const Token& token) noexcept { return own(token, TokenType::identifier); }
-  /// A number of things, or of units.
+  /// How many things there are in a list.
   std::uint32_t count(std::int64_t number) noexcept;
 
  private:

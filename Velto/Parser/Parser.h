@@ -121,7 +121,8 @@ class Parser {
   Expression assignment();
   Expression assignmentTo(const Token& name);
   Expression operation(Precedence loosest);
-  [[gnu::noinline]] static Expression combination(const Expression& left, const Token& operator_, const Expression& right);
+  [[gnu::noinline]] static Expression combination(const Expression& left, const Token& operator_,
+                                                  const Expression& right);
   static Precedence precedence(TokenType type) noexcept;
   static Precedence nextTighter(Precedence level) noexcept;
   Expression typeCheck(const Expression& instance, const Token& is);

@@ -5,20 +5,12 @@
 #include <new>
 #include <utility>
 
+#include "Velto/Platform/AddressCheck.h"
 #include "Velto/Platform/Ref.h"
 
 namespace velto {
 
 namespace {
-
-// Where addresses are checked a piece holds one object, so that it shows when somebody reaches over its end.
-#if defined(__has_feature)
-constexpr bool isChecked = __has_feature(address_sanitizer);
-#elif defined(__SANITIZE_ADDRESS__)
-constexpr bool isChecked = true;
-#else
-constexpr bool isChecked = false;
-#endif
 
 constexpr std::size_t word = sizeof(void*);
 
@@ -34,7 +26,7 @@ class Grove::Piece {
  public:
   /// Groves of many objects get larger and larger pieces, so that small ones waste little.
   static Piece* withRoomFor(std::size_t least, const Piece* before, std::size_t largest) {
-    const std::size_t usual = isChecked ? 0 : before ? std::min(2 * before->size(), largest) : smallest;
+    const std::size_t usual = areAddressesChecked ? 0 : before ? std::min(2 * before->size(), largest) : smallest;
     const std::size_t size = std::max(usual, sizeof(Piece) + least);
     void* const memory = ::operator new(size);
     return ::new (memory) Piece(size);
